@@ -1,0 +1,39 @@
+# The two commands of the README: `make run` and `make test`.
+BUILD      ?= build
+BUILD_TEST ?= build-test
+BUILD_BENCH ?= build-bench
+JOBS       ?= $(shell nproc)
+
+.PHONY: run test deps build build-test bench format check-format clean
+
+deps:
+	@bash scripts/installa-dipendenze.sh
+
+build: deps
+	@cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+	@cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	@bash scripts/avvia.sh $(BUILD)
+
+build-test: deps
+	@cmake -S . -B $(BUILD_TEST) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DZANTO_SANITIZE=ON >/dev/null
+	@cmake --build $(BUILD_TEST) -j $(JOBS)
+
+check-format: deps
+	@files=$$(git ls-files '*.cpp' '*.h'); \
+	 if [ -n "$$files" ]; then clang-format --dry-run --Werror $$files; fi
+
+test: check-format build-test
+	@cd $(BUILD_TEST) && ctest --output-on-failure -j $(JOBS)
+
+bench: deps
+	@cmake -S . -B $(BUILD_BENCH) -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
+	@cmake --build $(BUILD_BENCH) -j $(JOBS)
+	@for b in $(BUILD_BENCH)/bench/bench_*; do echo "== $$b"; QT_QPA_PLATFORM=offscreen $$b; done
+
+format:
+	@clang-format -i $$(git ls-files '*.cpp' '*.h')
+
+clean:
+	rm -rf $(BUILD) $(BUILD_TEST) $(BUILD_BENCH)

@@ -1,0 +1,113 @@
+#include "archive/Installatore.h"
+
+#include "archive/Archivi.h"
+#include "archive/Schema.h"
+#include "start/MappaErrori.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlQuery>
+#include <QUuid>
+
+namespace {
+
+void Esegui(QSqlQuery& q) {
+    if (!q.exec()) throw ErroreSql(q.lastError());
+}
+
+// Creates one archive file and fills it through `riempi`, in one transaction.
+template <typename F> void CreaArchivio(const QString& percorso, F riempi) {
+    const QString nome = QStringLiteral("installa-") + QUuid::createUuid().toString();
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nome);
+        db.setDatabaseName(percorso);
+        if (!db.open()) throw ErroreSql(db.lastError());
+        try {
+            db.transaction();
+            riempi(db);
+            if (!db.commit()) throw ErroreSql(db.lastError());
+        } catch (...) {
+            db.rollback();
+            db.close();
+            throw;
+        }
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(nome);
+}
+
+void CreaCartelle(const QString& radice) {
+    const QStringList cartelle = {
+        NomiArchivi::CartellaProgramma,
+        NomiArchivi::CartellaArchivi,
+        NomiArchivi::SottocartellaDisegni + '/' + NomiArchivi::CartellaSistemaDisegni,
+        NomiArchivi::SottocartellaFile,
+    };
+    for (const QString& c : cartelle)
+        if (!QDir().mkpath(radice + '/' + c)) throw ErroreCartellaAssente(radice + '/' + c);
+}
+
+void Costruisci(const QString& radice) {
+    CreaCartelle(radice);
+    CreaArchivio(PercorsoConfigurazione(radice), [](QSqlDatabase& db) {
+        CreaSchemaConfigurazione(db);
+        QSqlQuery q(db);
+        q.prepare(QStringLiteral("INSERT INTO ConfigurazioniGenerali (\"ModalitàFunzionamento\","
+                                 " TastoScelta, TastoScansione, TipoInversioneScansione,"
+                                 " TempoLatenzaScansione) VALUES (?, ?, ?, ?, ?)"));
+        // Mode 1, Enter chooses, Space scans, immediate inversion, one second.
+        for (int v : {1, 1, 2, 1, 1000})
+            q.addBindValue(v);
+        Esegui(q);
+    });
+    CreaArchivio(PercorsoArchivioDisegni(radice), [](QSqlDatabase& db) {
+        CreaSchemaDisegni(db);
+        QSqlQuery q(db);
+        q.prepare(
+            QStringLiteral("INSERT INTO TabCartelle (CodiceCartella, NomeCartella) VALUES (1, ?)"));
+        q.addBindValue(NomiArchivi::CartellaSistemaDisegni);
+        Esegui(q);
+    });
+    CreaArchivio(PercorsoArchivioOggetti(radice), [](QSqlDatabase& db) {
+        CreaSchemaOggetti(db);
+        QSqlQuery q(db);
+        q.prepare(QStringLiteral(
+            "INSERT INTO TabCartelleObj (CodiceCartellaObj, NomeCartellaObj) VALUES (1, ?)"));
+        q.addBindValue(NomiArchivi::CartellaSistemaOggetti);
+        Esegui(q);
+    });
+}
+
+} // namespace
+
+QString InstallaDatiZanto(const QString& radice) {
+    const QFileInfo info(radice);
+    if (info.exists()) {
+        if (!info.isDir())
+            return QStringLiteral("«%1» esiste già e non è una cartella: nulla è stato cambiato.")
+                .arg(QDir::toNativeSeparators(radice));
+        if (!QDir(radice).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden |
+                                  QDir::System))
+            return QStringLiteral("La cartella dei dati «%1» esiste già: non viene sovrascritta "
+                                  "e nulla è stato cambiato.")
+                .arg(QDir::toNativeSeparators(radice));
+    }
+    // Build beside the target and move it in whole, so a failure leaves nothing half made.
+    const QString provvisoria =
+        radice + QStringLiteral(".installazione-") + QUuid::createUuid().toString(QUuid::Id128);
+    try {
+        Costruisci(provvisoria);
+    } catch (const ErroreZanto& e) {
+        QDir(provvisoria).removeRecursively();
+        return QStringLiteral("Installazione non riuscita (errore %1): %2")
+            .arg(e.Numero)
+            .arg(e.Descrizione);
+    }
+    if (info.exists()) QDir().rmdir(radice);
+    if (!QDir().rename(provvisoria, radice)) {
+        QDir(provvisoria).removeRecursively();
+        return QStringLiteral("Impossibile creare la cartella dei dati «%1».")
+            .arg(QDir::toNativeSeparators(radice));
+    }
+    return {};
+}

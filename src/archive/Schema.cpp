@@ -1,0 +1,85 @@
+#include "archive/Schema.h"
+
+#include "start/MappaErrori.h"
+
+#include <QSqlQuery>
+#include <QStringList>
+
+namespace {
+
+void Esegui(QSqlDatabase& db, const QString& sql) {
+    QSqlQuery q(db);
+    if (!q.exec(sql)) throw ErroreSql(q.lastError());
+}
+
+} // namespace
+
+QString ColonneAzione() {
+    // Types: INTEGER for signed 32-bit, SMALLINT for signed 16-bit, REAL for
+    // 32-bit floats (stored exactly), TEXT for strings.
+    return QStringLiteral("TipoAzione INTEGER NOT NULL DEFAULT 0,"
+                          " XInizio INTEGER NOT NULL DEFAULT 0,"
+                          " YInizio INTEGER NOT NULL DEFAULT 0,"
+                          " XFine INTEGER NOT NULL DEFAULT 0,"
+                          " YFine INTEGER NOT NULL DEFAULT 0,"
+                          " ColLinea INTEGER NOT NULL DEFAULT 0,"
+                          " ColZona INTEGER NOT NULL DEFAULT 0,"
+                          " FlagPienoVuoto INTEGER NOT NULL DEFAULT 0,"
+                          " SpessLinea INTEGER NOT NULL DEFAULT 0,"
+                          " XCentro REAL NOT NULL DEFAULT 0,"
+                          " YCentro REAL NOT NULL DEFAULT 0,"
+                          " RadIniz REAL NOT NULL DEFAULT 0,"
+                          " RadFine REAL NOT NULL DEFAULT 0,"
+                          " RaggioVert REAL NOT NULL DEFAULT 0,"
+                          " RaggioOriz REAL NOT NULL DEFAULT 0,"
+                          " InterlineaTesto SMALLINT NOT NULL DEFAULT 0,"
+                          " Testo TEXT NOT NULL DEFAULT '',"
+                          " NomeFont TEXT NOT NULL DEFAULT '',"
+                          " SizeFont INTEGER NOT NULL DEFAULT 0,"
+                          " Corsivo INTEGER NOT NULL DEFAULT 0,"
+                          " Grassetto INTEGER NOT NULL DEFAULT 0,"
+                          " NomeFileImmagine TEXT NOT NULL DEFAULT ''");
+}
+
+void CreaSchemaConfigurazione(QSqlDatabase& db) {
+    Esegui(db, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
+                              " \"ModalitàFunzionamento\" SMALLINT NOT NULL,"
+                              " TastoScelta SMALLINT NOT NULL,"
+                              " TastoScansione SMALLINT NOT NULL,"
+                              " TipoInversioneScansione SMALLINT NOT NULL,"
+                              " TempoLatenzaScansione INTEGER NOT NULL)"));
+}
+
+void CreaSchemaDisegni(QSqlDatabase& db) {
+    Esegui(db, QStringLiteral("CREATE TABLE TabCartelle ("
+                              " CodiceCartella INTEGER PRIMARY KEY NOT NULL,"
+                              " NomeCartella TEXT NOT NULL)"));
+    Esegui(db, QStringLiteral("CREATE TABLE TabDisegni ("
+                              " CodiceDisegno INTEGER PRIMARY KEY NOT NULL,"
+                              " NomeDisegno TEXT NOT NULL,"
+                              " CodiceCartella INTEGER NOT NULL"
+                              "  REFERENCES TabCartelle(CodiceCartella) ON DELETE CASCADE)"));
+    Esegui(db, QStringLiteral("CREATE INDEX TabDisegniCartella ON TabDisegni(CodiceCartella)"));
+    Esegui(db, QStringLiteral("CREATE TABLE TabAzioniDisegno ("
+                              " CodiceDisegno INTEGER NOT NULL"
+                              "  REFERENCES TabDisegni(CodiceDisegno) ON DELETE CASCADE,"
+                              " NumAzione SMALLINT NOT NULL, ") +
+                   ColonneAzione() + QStringLiteral(", PRIMARY KEY (CodiceDisegno, NumAzione))"));
+}
+
+void CreaSchemaOggetti(QSqlDatabase& db) {
+    Esegui(db, QStringLiteral("CREATE TABLE TabCartelleObj ("
+                              " CodiceCartellaObj INTEGER PRIMARY KEY NOT NULL,"
+                              " NomeCartellaObj TEXT NOT NULL)"));
+    Esegui(db, QStringLiteral("CREATE TABLE TabOggetti ("
+                              " CodiceOggetto SMALLINT PRIMARY KEY NOT NULL,"
+                              " NomeOggetto TEXT NOT NULL,"
+                              " CodiceCartellaObj INTEGER NOT NULL"
+                              "  REFERENCES TabCartelleObj(CodiceCartellaObj) ON DELETE CASCADE)"));
+    Esegui(db, QStringLiteral("CREATE INDEX TabOggettiCartella ON TabOggetti(CodiceCartellaObj)"));
+    Esegui(db, QStringLiteral("CREATE TABLE TabAzioniOggetto ("
+                              " CodiceOggetto INTEGER NOT NULL"
+                              "  REFERENCES TabOggetti(CodiceOggetto) ON DELETE CASCADE,"
+                              " NumAzione SMALLINT NOT NULL, ") +
+                   ColonneAzione() + QStringLiteral(", PRIMARY KEY (CodiceOggetto, NumAzione))"));
+}

@@ -1,0 +1,173 @@
+#include "input/FormScansione.h"
+
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/Misure.h"
+
+#include <QKeyEvent>
+#include <QTimer>
+
+namespace {
+QList<FormScansione*>& FormAperti() {
+    static QList<FormScansione*> forms;
+    return forms;
+}
+} // namespace
+
+FormScansione::FormScansione(int16_t primo, int16_t ultimo, QWidget* genitore)
+    : QDialog(genitore), Motore(primo, ultimo) {
+    setFocusPolicy(Qt::NoFocus);
+    setModal(false);
+    // A real, focusable widget that the user never sees: keys rest on it.
+    FocusFix = new QWidget(this);
+    FocusFix->setObjectName(QStringLiteral("FocusFix"));
+    FocusFix->setFocusPolicy(Qt::StrongFocus);
+    FocusFix->setGeometry(0, 0, 1, 1);
+    FocusFix->setAccessibleName(QStringLiteral("FocusFix"));
+    Motore.AggiornaCorone = [this] { AggiornaCorone(); };
+    Motore.Click = [this](int16_t indice) { ClickTasto(indice); };
+    installEventFilter(this);
+    FocusFix->installEventFilter(this);
+}
+
+FormScansione::~FormScansione() {
+    FormAperti().removeAll(this);
+}
+
+FormScansione* FormScansione::InPrimoPiano() {
+    const auto& forms = FormAperti();
+    for (auto it = forms.crbegin(); it != forms.crend(); ++it)
+        if ((*it)->isVisible()) return *it;
+    return nullptr;
+}
+
+void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margine) {
+    for (const DefinizioneTasto& d : tabella) {
+        // The ring is made first so that it lies behind its button.
+        auto* corona = new QLabel(this);
+        corona->setGeometry(RettangoloTwips(d.Sinistra - margine, d.Alto - margine,
+                                            d.Larghezza + 2 * margine, d.Altezza + 2 * margine));
+        corona->setAutoFillBackground(true);
+        corona->hide();
+        Corone.insert(d.Indice, corona);
+        auto* tasto = new TastoZanto(d.Indice, this);
+        tasto->setGeometry(RettangoloTwips(d.Sinistra, d.Alto, d.Larghezza, d.Altezza));
+        tasto->ImpostaTesto(d.Didascalia, d.Suggerimento);
+        tasto->installEventFilter(this);
+        const int16_t indice = d.Indice;
+        connect(tasto, &QPushButton::clicked, this, [this, indice] { ClickTasto(indice); });
+        Tasti.insert(d.Indice, tasto);
+        ImpostaColoreCorona(d.Indice, 0x00FF00);
+    }
+}
+
+void FormScansione::ImpostaColoreCorona(int16_t indice, uint32_t rgb) {
+    QLabel* corona = Corone.value(indice);
+    if (corona == nullptr) return;
+    QPalette p = corona->palette();
+    p.setColor(QPalette::Window, ColoreRGB(rgb));
+    corona->setPalette(p);
+}
+
+void FormScansione::AggiornaCorone() {
+    const int16_t corrente = Motore.TastoCorrente;
+    for (auto it = Tasti.cbegin(); it != Tasti.cend(); ++it) {
+        if (it.key() == TastoMarcato) continue;
+        Corone.value(it.key())->hide();
+        it.value()->Predefinito = false;
+    }
+    ImpostaColoreCorona(corrente, 0x00FF00);
+    if (TastoMarcato != 0)
+        ImpostaColoreCorona(TastoMarcato, corrente == TastoMarcato ? 0xFF00FF : 0x0000FF);
+    if (QLabel* corona = Corone.value(corrente)) corona->show();
+    const int16_t modo = ModalitàFunzionamento;
+    if (modo == 4 || (modo == 3 && PredefinitoInModo3())) {
+        if (TastoZanto* tasto = Tasti.value(corrente)) tasto->Predefinito = true;
+    }
+}
+
+void FormScansione::RoutineTastoGiu(int codice, int modificatori) {
+    Motore.RoutineTasti(codice, modificatori);
+}
+
+void FormScansione::PrimaAttivazione() {
+    FocusFix->setFocus(Qt::OtherFocusReason);
+    if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) Motore.AvviaScansione();
+}
+
+void FormScansione::Attiva() {
+    if (Motore.FormAttivato == 1 || !isVisible()) return;
+    Motore.FormAttivato = 1;
+    PrimaAttivazione();
+}
+
+bool FormScansione::GestisciTasto(QKeyEvent* e) {
+    // A held switch must not fire again and again.
+    if (e->isAutoRepeat()) return true;
+    const int codice = CodiceTasto(e);
+    if (codice == CodiciTasto::Invio) {
+        for (TastoZanto* tasto : std::as_const(Tasti)) {
+            if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {
+                ClickTasto(tasto->Indice());
+                return true;
+            }
+        }
+    }
+    if (codice != 0) RoutineTastoGiu(codice, MaschereModificatori(e));
+    return true;
+}
+
+bool FormScansione::eventFilter(QObject* oggetto, QEvent* evento) {
+    switch (evento->type()) {
+    case QEvent::KeyPress:
+        return GestisciTasto(static_cast<QKeyEvent*>(evento));
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        return true;
+    default:
+        return QDialog::eventFilter(oggetto, evento);
+    }
+}
+
+void FormScansione::FiltraFigli(QObject* radice) {
+    for (QObject* figlio : radice->children()) {
+        if (figlio->isWidgetType()) figlio->installEventFilter(this);
+        FiltraFigli(figlio);
+    }
+}
+
+void FormScansione::showEvent(QShowEvent* evento) {
+    QDialog::showEvent(evento);
+    FiltraFigli(this);
+    FormAperti().removeAll(this);
+    FormAperti().append(this);
+    activateWindow();
+    // Offscreen and without a window manager no activation may ever come.
+    QTimer::singleShot(0, this, [this] { Attiva(); });
+}
+
+void FormScansione::hideEvent(QHideEvent* evento) {
+    FormAperti().removeAll(this);
+    QDialog::hideEvent(evento);
+}
+
+void FormScansione::changeEvent(QEvent* evento) {
+    QDialog::changeEvent(evento);
+    if (evento->type() == QEvent::ActivationChange && isActiveWindow()) Attiva();
+}
+
+void FormScansione::mousePressEvent(QMouseEvent* evento) {
+    // The background, a label, a picture: nothing to do there.
+    evento->accept();
+    Bip();
+}
+
+void FormScansione::keyPressEvent(QKeyEvent* evento) {
+    evento->accept();
+}
+
+void FormScansione::closeEvent(QCloseEvent* evento) {
+    evento->ignore();
+}
+
+void FormScansione::reject() {}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "input/MotoreScansione.h"
+#include "input/TastoZanto.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QMap>
+
+// What every scanning screen has in common: the engine, FocusFix, the key
+// filter, the buttons with their rings built from a table in twips, and the
+// first activation. Qt's own keyboard habits (Escape closes, Enter fires the
+// default button, buttons take the focus) are switched off here.
+class FormScansione : public QDialog {
+public:
+    struct DefinizioneTasto {
+        int16_t Indice;
+        int Sinistra, Alto, Larghezza, Altezza; // twips
+        QString Didascalia;
+        QString Suggerimento;
+    };
+
+    FormScansione(int16_t primo, int16_t ultimo, QWidget* genitore = nullptr);
+    ~FormScansione() override;
+
+    MotoreScansione Motore;
+    QWidget* FocusFix = nullptr;
+    QMap<int16_t, TastoZanto*> Tasti;
+    QMap<int16_t, QLabel*> Corone;
+    int16_t TastoMarcato = 0; // 0: no marked button
+
+    // The front scanning form: the one that gets the keys.
+    static FormScansione* InPrimoPiano();
+
+    // Rings stand `margine` twips outside their buttons.
+    void CreaTasti(const QList<DefinizioneTasto>& tabella, int margine);
+    void ImpostaColoreCorona(int16_t indice, uint32_t rgb);
+
+    // The redraw of the common pattern; screens may replace it.
+    virtual void AggiornaCorone();
+    // The click routine of the button array.
+    virtual void ClickTasto(int16_t indice) = 0;
+    // The key-down routine; by default the common one of the engine.
+    virtual void RoutineTastoGiu(int codice, int modificatori);
+    // First activation: focus on FocusFix and, in modes 1 and 2, the ring starts.
+    virtual void PrimaAttivazione();
+    // Does this screen set the default flag in mode 3 as well as in mode 4?
+    virtual bool PredefinitoInModo3() const { return true; }
+
+    // Makes the first activation happen now if it has not yet (the platform may
+    // never report one without a window manager).
+    void Attiva();
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+    void hideEvent(QHideEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+    void reject() override;
+
+private:
+    bool GestisciTasto(QKeyEvent* evento);
+    void FiltraFigli(QObject* radice);
+};

@@ -1,0 +1,223 @@
+#include "input/MotoreScansione.h"
+
+#include "input/Orologio.h"
+#include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
+
+#include <QKeyEvent>
+
+#include <set>
+
+namespace {
+std::set<MotoreScansione*>& Motori() {
+    static std::set<MotoreScansione*> motori;
+    return motori;
+}
+} // namespace
+
+int CodiceTasto(const QKeyEvent* e) {
+    switch (e->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return CodiciTasto::Invio;
+    case Qt::Key_Space:
+        return CodiciTasto::Spazio;
+    case Qt::Key_Left:
+        return CodiciTasto::Sinistra;
+    case Qt::Key_Up:
+        return CodiciTasto::Su;
+    case Qt::Key_Right:
+        return CodiciTasto::Destra;
+    case Qt::Key_Down:
+        return CodiciTasto::Giu;
+    default:
+        break;
+    }
+    if (e->key() >= Qt::Key_F1 && e->key() <= Qt::Key_F12) return 112 + (e->key() - Qt::Key_F1);
+    return 0;
+}
+
+int MaschereModificatori(const QKeyEvent* e) {
+    int m = 0;
+    if (e->modifiers() & Qt::ShiftModifier) m |= 1;
+    if (e->modifiers() & Qt::ControlModifier) m |= 2;
+    if (e->modifiers() & Qt::AltModifier) m |= 4;
+    return m;
+}
+
+MotoreScansione::MotoreScansione(int16_t primo, int16_t ultimo) : Primo(primo), Ultimo(ultimo) {
+    PassoCiclo = [this](int16_t passo) {
+        TastoCorrente = static_cast<int16_t>(TastoCorrente + passo);
+        if (passo < 0 && TastoCorrente < Primo)
+            TastoCorrente = Ultimo;
+        else if (TastoCorrente > Ultimo)
+            TastoCorrente = Primo;
+    };
+    Avanti = [this] {
+        TastoCorrente = static_cast<int16_t>(TastoCorrente + 1);
+        if (TastoCorrente > Ultimo) TastoCorrente = Primo;
+    };
+    Indietro = [this] {
+        TastoCorrente = static_cast<int16_t>(TastoCorrente - 1);
+        if (TastoCorrente < Primo) TastoCorrente = Ultimo;
+    };
+    Motori().insert(this);
+}
+
+MotoreScansione::~MotoreScansione() {
+    if (sveglia_ != 0) OrologioCorrente().Annulla(sveglia_);
+    Motori().erase(this);
+}
+
+bool MotoreScansione::TastoDiScelta(int codice) {
+    return (codice == CodiciTasto::Spazio && TastoScelta == 2) ||
+           (codice == CodiciTasto::Invio && TastoScelta == 1);
+}
+
+bool MotoreScansione::TastoDiScansione(int codice) {
+    return (codice == CodiciTasto::Spazio && TastoScansione == 2) ||
+           (codice == CodiciTasto::Invio && TastoScansione == 1);
+}
+
+void MotoreScansione::AvviaScansione() {
+    if (VersoInversione == 0) {
+        VersoInversione = 1;
+        PassoScansione = 1;
+    }
+    ScansioneAttiva = 1;
+    // A restart while the ring walks begins a new dwell, as a nested loop would.
+    if (sveglia_ != 0) {
+        OrologioCorrente().Annulla(sveglia_);
+        sveglia_ = 0;
+    }
+    if (AggiornaCorone) AggiornaCorone();
+    Attendi(TempoLatenzaScansione);
+}
+
+void MotoreScansione::FermaScansione() {
+    ScansioneAttiva = 0;
+    if (sveglia_ != 0) {
+        OrologioCorrente().Annulla(sveglia_);
+        sveglia_ = 0;
+    }
+}
+
+void MotoreScansione::Attendi(int64_t ms) {
+    inizioAttesa_ = OrologioCorrente().Adesso();
+    sveglia_ = OrologioCorrente().Programma(ms, [this] { Scatto(); });
+}
+
+void MotoreScansione::Scatto() {
+    sveglia_ = 0;
+    if (ScansioneAttiva != 1) return;
+    // The setting is read afresh: a change counts on the dwell in progress.
+    const int64_t passato = OrologioCorrente().Adesso() - inizioAttesa_;
+    if (passato < TempoLatenzaScansione) {
+        sveglia_ =
+            OrologioCorrente().Programma(TempoLatenzaScansione - passato, [this] { Scatto(); });
+        return;
+    }
+    PassoCiclo(PassoScansione);
+    if (ScansioneAttiva != 1) return;
+    if (AggiornaCorone) AggiornaCorone();
+    Attendi(TempoLatenzaScansione);
+}
+
+void MotoreScansione::LatenzaCambiata() {
+    for (MotoreScansione* m : Motori()) {
+        if (m->sveglia_ == 0) continue;
+        OrologioCorrente().Annulla(m->sveglia_);
+        const int64_t passato = OrologioCorrente().Adesso() - m->inizioAttesa_;
+        m->sveglia_ = OrologioCorrente().Programma(
+            std::max<int64_t>(0, TempoLatenzaScansione - passato), [m] { m->Scatto(); });
+    }
+}
+
+void MotoreScansione::Inverti() {
+    if (TipoInversioneScansione == 1) {
+        PassoScansione = PassoScansione == 1 ? -1 : 1;
+        return;
+    }
+    if (TipoInversioneScansione != 2) return;
+    if (VersoInversione == 1)
+        ++PassoScansione;
+    else if (VersoInversione == 2)
+        --PassoScansione;
+    if (PassoScansione < -1) {
+        PassoScansione = 0;
+        VersoInversione = 1;
+    } else if (PassoScansione > 1) {
+        PassoScansione = 0;
+        VersoInversione = 2;
+    }
+}
+
+MotoreScansione::Esito MotoreScansione::RoutineTasti(int codice, int modificatori) {
+    ShiftPremuto = (modificatori & 1) ? -1 : 0;
+    CtrlPremuto = (modificatori & 2) ? -1 : 0;
+    AltPremuto = (modificatori & 4) ? -1 : 0;
+    const int16_t modo = ModalitàFunzionamento;
+    const bool scelta = TastoDiScelta(codice);
+    const bool scansione = TastoDiScansione(codice);
+    if ((modo == 1 || modo == 2) && scelta) {
+        FermaScansione();
+        if (Click) Click(TastoCorrente);
+        return Esito::Scelta;
+    }
+    if (modo == 2 && scansione) {
+        Inverti();
+        return Esito::Inversione;
+    }
+    if (modo == 3 && scelta) {
+        if (Click) Click(TastoCorrente);
+        return Esito::Scelta;
+    }
+    if (modo == 3 && scansione) {
+        Avanti();
+        if (AggiornaCorone) AggiornaCorone();
+        return Esito::Passo;
+    }
+    if (modo == 4) {
+        if (codice == CodiciTasto::Destra || codice == CodiciTasto::Giu) {
+            Avanti();
+            if (AggiornaCorone) AggiornaCorone();
+            return Esito::Passo;
+        }
+        if (codice == CodiciTasto::Sinistra || codice == CodiciTasto::Su) {
+            Indietro();
+            if (AggiornaCorone) AggiornaCorone();
+            return Esito::Passo;
+        }
+    }
+    return Esito::Ignorato;
+}
+
+bool MotoreScansione::TastoDiretto(int codice) {
+    using namespace CodiciTasto;
+    if (codice != F4 && codice != F5 && codice != F6 && codice != F7 && codice != F8 &&
+        codice != F9 && codice != F11 && codice != F12)
+        return false;
+    if (codice == F6) ModalitàFunzionamento = 1;
+    if (codice == F7) ModalitàFunzionamento = 2;
+    if (codice == F11) ModalitàFunzionamento = 3;
+    if (codice == F12) ModalitàFunzionamento = 4;
+    if (ModalitàFunzionamento == 2 || ModalitàFunzionamento == 3) {
+        if (codice == F4) {
+            TastoScelta = 1;
+            TastoScansione = 2;
+        } else if (codice == F5) {
+            TastoScelta = 2;
+            TastoScansione = 1;
+        }
+    }
+    if (ModalitàFunzionamento == 2) {
+        if (codice == F8) TipoInversioneScansione = 1;
+        if (codice == F9) TipoInversioneScansione = 2;
+    }
+    EseguiPassi({{2450, [] { RegistraConfigurazione(); }}});
+    if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2)
+        AvviaScansione();
+    else
+        FermaScansione();
+    return true;
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+class QKeyEvent;
+
+// Key codes as the key routines know them.
+namespace CodiciTasto {
+constexpr int Invio = 13;
+constexpr int Spazio = 32;
+constexpr int Sinistra = 37;
+constexpr int Su = 38;
+constexpr int Destra = 39;
+constexpr int Giu = 40;
+constexpr int F4 = 115;
+constexpr int F5 = 116;
+constexpr int F6 = 117;
+constexpr int F7 = 118;
+constexpr int F8 = 119;
+constexpr int F9 = 120;
+constexpr int F10 = 121;
+constexpr int F11 = 122;
+constexpr int F12 = 123;
+} // namespace CodiciTasto
+
+// The code of a Qt key event, 0 for keys the program does not know.
+int CodiceTasto(const QKeyEvent* evento);
+// Shift 1, Ctrl 2, Alt 4.
+int MaschereModificatori(const QKeyEvent* evento);
+
+// The scanning pattern of one screen: its fields, the loop on the clock, the
+// key routine of the four modes and the inversion. The screen gives its
+// redraw and its click routine, and may replace the ways of stepping.
+class MotoreScansione {
+public:
+    MotoreScansione(int16_t primo, int16_t ultimo);
+    ~MotoreScansione();
+    MotoreScansione(const MotoreScansione&) = delete;
+    MotoreScansione& operator=(const MotoreScansione&) = delete;
+
+    int16_t ShiftPremuto = 0;
+    int16_t CtrlPremuto = 0;
+    int16_t AltPremuto = 0;
+    int16_t FormAttivato = 0;
+    int16_t VersoInversione = 0;
+    int16_t PassoScansione = 0;
+    int16_t ScansioneAttiva = 0;
+    int16_t TastoCorrente = 0;
+    int16_t Primo;
+    int16_t Ultimo;
+
+    std::function<void()> AggiornaCorone;
+    std::function<void(int16_t)> Click;
+    // What a tick of the loop does with PassoScansione; by default adds and wraps.
+    std::function<void(int16_t)> PassoCiclo;
+    // One step forward and back for the scan key and the arrows; by default with wrap.
+    std::function<void()> Avanti;
+    std::function<void()> Indietro;
+
+    // Starts the ring: redraw, a full dwell, step, and again, until stopped.
+    void AvviaScansione();
+    // The choice: the ring stops at once and no tick will come.
+    void FermaScansione();
+    // Is a dwell running on the clock?
+    bool InAttesa() const { return sveglia_ != 0; }
+
+    enum class Esito { Ignorato, Scelta, Inversione, Passo };
+    // The key-down routine of a panel, for one key with its modifier mask.
+    Esito RoutineTasti(int codice, int modificatori);
+    // The direct keys F4-F9, F11, F12 of the main menu and the drawing screen.
+    // Returns false for any other key. Writes the settings at once.
+    bool TastoDiretto(int codice);
+    void Inverti();
+
+    static bool TastoDiScelta(int codice);
+    static bool TastoDiScansione(int codice);
+    // A new TempoLatenzaScansione counts on the dwell in progress of every screen.
+    static void LatenzaCambiata();
+
+private:
+    void Attendi(int64_t ms);
+    void Scatto();
+
+    int sveglia_ = 0;
+    int64_t inizioAttesa_ = 0;
+};

@@ -1,0 +1,63 @@
+#include "input/Orologio.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <map>
+#include <memory>
+
+namespace {
+
+class OrologioReale final : public Orologio {
+public:
+    OrologioReale() { avvio_.start(); }
+
+    int64_t Adesso() const override { return avvio_.elapsed(); }
+
+    int Programma(int64_t ms, std::function<void()> azione) override {
+        const int id = ++ultimo_;
+        auto timer = std::make_unique<QTimer>();
+        timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer);
+        QTimer* t = timer.get();
+        QObject::connect(t, &QTimer::timeout, t, [this, id, azione = std::move(azione)]() {
+            // The timer goes before the call: the call may schedule or cancel others.
+            auto it = timer_.find(id);
+            if (it == timer_.end()) return;
+            std::unique_ptr<QTimer> fine = std::move(it->second);
+            timer_.erase(it);
+            fine.release()->deleteLater();
+            azione();
+        });
+        t->start(static_cast<int>(std::max<int64_t>(0, ms)));
+        timer_.emplace(id, std::move(timer));
+        return id;
+    }
+
+    void Annulla(int id) override {
+        auto it = timer_.find(id);
+        if (it == timer_.end()) return;
+        it->second->stop();
+        it->second.release()->deleteLater();
+        timer_.erase(it);
+    }
+
+private:
+    QElapsedTimer avvio_;
+    int ultimo_ = 0;
+    std::map<int, std::unique_ptr<QTimer>> timer_;
+};
+
+Orologio* attuale = nullptr;
+
+} // namespace
+
+Orologio& OrologioCorrente() {
+    if (attuale != nullptr) return *attuale;
+    static OrologioReale reale;
+    return reale;
+}
+
+void ImpostaOrologio(Orologio* orologio) {
+    attuale = orologio;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "input/FormScansione.h"
+
+#include <QString>
+
+#include <cstdint>
+
+class QTextEdit;
+
+// The call of the message panel: set the three inputs, open it, read the result.
+inline QString TestoQuadroMessaggi;
+inline int16_t TipoQuadroMessaggi = 0;             // button set 1..4
+inline int16_t TastoPredefinitoQuadroMessaggi = 0; // which answer holds the ring first
+inline int16_t EsitoQuadroMessaggi = 0;            // 1 yes/OK, 2 NO, 3 Annulla
+
+// The one modal message and question box: it scans like every other panel.
+class QuadroMessaggi : public FormScansione {
+public:
+    explicit QuadroMessaggi(QWidget* genitore = nullptr);
+
+    void AttivaQuadroMessaggi();
+
+    void AggiornaCorone() override;
+    void ClickTasto(int16_t indice) override;
+    void RoutineTastoGiu(int codice, int modificatori) override;
+    void PrimaAttivazione() override;
+
+    void AvanzaTastoVisibile();
+    void ArretraTastoVisibile();
+
+    QTextEdit* ImmiTestoMessaggio = nullptr;
+
+private:
+    bool Visibile(int16_t indice) const;
+};
+
+// Opens the panel with the globals as they stand, waits for the answer and
+// returns EsitoQuadroMessaggi.
+int16_t MostraQuadroMessaggi();
+// Sets the three inputs, then as MostraQuadroMessaggi.
+int16_t Messaggio(const QString& testo, int16_t tipo, int16_t predefinito);
+// Lines joined by a carriage return alone, as every message is built.
+QString Righe(const QStringList& righe);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+// What the start routine leaves for the rest of the program.
+inline int16_t FaseAvvio = 0;     // 1 while starting: an error then ends the program
+inline QString RadiceDati;        // root of all data paths, without a trailing separator
+inline QString CartellaSistema;   // the data root with a trailing separator
+inline QStringList MessaggiAvvio; // from 1: element 0 unused
+inline QString StampanteDiSistema;
+inline int32_t DimensioneMinimaX = 1024;
+inline int32_t DimensioneMinimaY = 768;
+
+// Runs the start routine. Returns -1 when the menu is on the screen and the
+// program is to live on its events, or the exit code when it ended at start.
+int AvviaZanto();
+
+// "Esci": closes the archives, writes the active folder, ends the event loop.
+void ChiudiZanto();
+
+// Fills RadiceDati and CartellaSistema from the platform's data location.
+void CalcolaRadiceDati();
+
+// Is a screen of this size in pixels and these dots per inch fit for the program?
+bool SchermoIdoneo(int larghezza, int altezza, double dpiX, double dpiY);

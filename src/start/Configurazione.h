@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+// The five scanning settings: one row of ConfigurazioniGenerali, plain globals
+// while the program runs. The row carries the values; these are only starting ones.
+inline int16_t ModalitàFunzionamento = 1;    // 1..4
+inline int16_t TastoScelta = 1;              // 1 Enter, 2 Space
+inline int16_t TastoScansione = 2;           // 1 Enter, 2 Space
+inline int16_t TipoInversioneScansione = 1;  // 1 immediate, 2 through a pause
+inline int32_t TempoLatenzaScansione = 1000; // dwell of the ring, ms
+
+// Reads the row into the globals; an empty table is an error (3021), never a default.
+void LeggiConfigurazione();
+// Writes the five globals to the row.
+void RegistraConfigurazione();

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+
+// A fault of the archive, of a file or of a surface, with the program's number.
+struct ErroreZanto {
+    int Numero = 0;
+    QString Descrizione;
+};
+
+// Thrown to end the program while it is starting; the start routine catches it.
+struct FineProgramma {
+    int Codice = 0;
+};
+
+inline int16_t SezioneCorrente = 0;  // location mark of the running step
+inline int16_t EsitoErrore = 0;      // 1 retry, 2 next step, 3 leave
+inline int16_t RecordAssente = 0;    // a read found no row
+inline int16_t ScritturaFallita = 0; // the start-up write test failed
+
+enum class IconaScatola { Critica, Esclamazione };
+
+// The platform's own message box: used only by the error routine and the two
+// fatal boxes of the start. Tests replace it to read what it would show.
+using FunzioneScatola =
+    std::function<void(IconaScatola icona, const QString& titolo, const QString& testo)>;
+void ScatolaDiSistema(IconaScatola icona, const QString& titolo, const QString& testo);
+inline FunzioneScatola MostraScatolaPiattaforma = ScatolaDiSistema;
+
+// The text the error box shows for number N at mark S with description D.
+QString TestoErrore(int numero, int sezione, const QString& descrizione);
+
+// Decides from the number and SezioneCorrente what happens and sets EsitoErrore.
+void GestioneErrori(const ErroreZanto& errore);
+
+// One numbered step of a routine with an error trap.
+struct Passo {
+    int16_t Sezione;
+    std::function<void()> Corpo;
+};
+
+// Runs the steps in order. On a fault it calls GestioneErrori and then retries
+// the step (1), goes on with the next (2) or leaves (3). Leaving during start-up
+// ends the program (throws FineProgramma). Returns false when it left early.
+bool EseguiPassi(std::initializer_list<Passo> passi);

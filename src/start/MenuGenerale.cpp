@@ -1,0 +1,255 @@
+#include "start/MenuGenerale.h"
+
+#include "archive/Archivi.h"
+#include "input/QuadroMessaggi.h"
+#include "start/Avvio.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/MappaErrori.h"
+#include "start/Misure.h"
+#include "start/Utilita.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QSaveFile>
+#include <QScreen>
+#include <QSqlQuery>
+#include <QSvgRenderer>
+
+#include <memory>
+
+namespace {
+
+std::unique_ptr<MenuGenerale>& Menu() {
+    static std::unique_ptr<MenuGenerale> menu;
+    return menu;
+}
+
+QLabel* Scritta(QWidget* genitore, const QString& testo, int sinistra, int alto, int larghezza,
+                int altezza, int punti, bool grassetto) {
+    auto* l = new QLabel(testo, genitore);
+    l->setGeometry(RettangoloTwips(sinistra, alto, larghezza, altezza));
+    QFont f(QStringLiteral("Arial"), punti);
+    f.setBold(grassetto);
+    l->setFont(f);
+    l->setAlignment(Qt::AlignCenter);
+    return l;
+}
+
+QIcon Icona(const QString& risorsa) {
+    QPixmap immagine(96, 96);
+    immagine.fill(Qt::transparent);
+    QSvgRenderer svg(risorsa);
+    QPainter p(&immagine);
+    svg.render(&p);
+    return QIcon(immagine);
+}
+
+} // namespace
+
+QString FormaCartella(const QString& nome, int32_t codice) {
+    return nome + QStringLiteral("   [ ") + QStringLiteral("%1").arg(codice, 4, 10, QChar(u'0')) +
+           QStringLiteral(" ] ");
+}
+
+QString TestoNumero(int32_t valore) {
+    // A blank stands where a sign would; a blank follows the digits.
+    return (valore < 0 ? QString() : QStringLiteral(" ")) + QString::number(valore) +
+           QStringLiteral(" \r\n");
+}
+
+void ScriviFileCartellaAttiva() {
+    const QString percorso = PercorsoCartellaAttiva();
+    QSaveFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), percorso);
+    file.write(TestoNumero(CodiceCartellaAttiva).toLatin1());
+    if (!file.commit()) throw ErroreFile(file.error(), percorso);
+}
+
+MenuGenerale::MenuGenerale() : FormScansione(101, 105) {
+    setWindowTitle(QStringLiteral("Programma «ZANTO»"));
+    setFixedSize(Px(15360), Px(11520));
+    QPalette p = palette();
+    p.setColor(QPalette::Window, ColoreRGB(0xFFFBE6));
+    setPalette(p);
+    setAutoFillBackground(true);
+
+    CreaTasti({{101, 405, 270, 2070, 1050, QStringLiteral("Disegno"),
+                QStringLiteral("Disegnare nella Cartella attiva")},
+               {102, 3495, 270, 2070, 1050, QStringLiteral("Cartelle"),
+                QStringLiteral("Scegliere la Cartella attiva dei Disegni")},
+               {103, 6585, 270, 2070, 1050, QStringLiteral("Informazioni"),
+                QStringLiteral("Informazioni sul Programma")},
+               {104, 9690, 270, 2070, 1050, QStringLiteral("Configurazioni"),
+                QStringLiteral("Configurazioni Generali della scansione")},
+               {105, 12780, 270, 2070, 1050, QStringLiteral("Esci"),
+                QStringLiteral("Uscire dal Programma")}},
+              105);
+    const char* icone[] = {":/icone/disegno.svg", ":/icone/cartelle.svg",
+                           ":/icone/informazioni.svg", ":/icone/configurazioni.svg",
+                           ":/icone/esci.svg"};
+    QFont carattere(QStringLiteral("Arial"), 11);
+    carattere.setBold(true);
+    for (int16_t i = 101; i <= 105; ++i) {
+        TastoZanto* tasto = Tasti.value(i);
+        tasto->setIcon(Icona(QString::fromLatin1(icone[i - 101])));
+        tasto->setIconSize(QSize(Px(480), Px(480)));
+        tasto->setFont(carattere);
+    }
+
+    ImmagineMenu = new QLabel(this);
+    ImmagineMenu->setGeometry(RettangoloTwips(3180, 2100, 9000, 2400));
+    {
+        QPixmap logo(ImmagineMenu->size());
+        logo.fill(Qt::transparent);
+        QSvgRenderer svg(QStringLiteral(":/logo-zanto.svg"));
+        QPainter pl(&logo);
+        svg.render(&pl);
+        ImmagineMenu->setPixmap(logo);
+    }
+    ScrittaInformazioni[0] = Scritta(this, {}, 405, 5000, 14445, 600, 18, true);
+    ScrittaInformazioni[1] = Scritta(this, {}, 405, 5700, 14445, 500, 13, false);
+    ScrittaInformazioni[2] = Scritta(this, {}, 405, 6300, 14445, 500, 13, false);
+    Scritta(this, QStringLiteral("CARTELLA ATTIVA:"), 405, 8200, 14445, 500, 14, true);
+    ScrittaCartellaAttiva = Scritta(this, {}, 1905, 8800, 11445, 700, 18, true);
+    ScrittaCartellaAttiva->setObjectName(QStringLiteral("ScrittaCartellaAttiva"));
+    ScrittaCartellaAttiva->setFrameShape(QFrame::Box);
+    QPalette pc = ScrittaCartellaAttiva->palette();
+    pc.setColor(QPalette::WindowText, ColoreRGB(0x1A3D7C));
+    ScrittaCartellaAttiva->setPalette(pc);
+}
+
+void MenuGenerale::AttivaMenùGenerale() {
+    for (int i = 0; i < 3; ++i)
+        ScrittaInformazioni[i]->setText(MessaggiAvvio.value(5 + i));
+    for (int16_t i = 101; i <= 105; ++i) {
+        Corone.value(i)->hide();
+        Tasti.value(i)->Predefinito = false;
+    }
+    Motore.TastoCorrente = 101;
+    ImpostaColoreCorona(101, 0x00FF00);
+    Corone.value(101)->show();
+    if (ModalitàFunzionamento == 4) Tasti.value(101)->Predefinito = true;
+    if (CodiceCartellaAttiva != 0) {
+        ScrittaCartellaAttiva->setText(FormaCartella(NomeCartellaAttiva, CodiceCartellaAttiva));
+        return;
+    }
+    LeggiCartellaAttiva();
+}
+
+void MenuGenerale::LeggiCartellaAttiva() {
+    const QString percorso = PercorsoCartellaAttiva();
+    if (!FileEsiste(percorso)) return;
+    int32_t codice = 0;
+    RecordAssente = 0;
+    EseguiPassi({
+        {2700,
+         [&] {
+             QFile file(percorso);
+             if (!file.open(QIODevice::ReadOnly)) throw ErroreFile(file.error(), percorso);
+             bool ok = false;
+             codice = QString::fromLatin1(file.readLine()).trimmed().toInt(&ok);
+             if (!ok) codice = 0;
+         }},
+        {2710,
+         [&] {
+             if (codice == 0) return;
+             QSqlQuery q(Archivio(ArchivioDisegni));
+             q.prepare(QStringLiteral("SELECT NomeCartella FROM TabCartelle"
+                                      " WHERE CodiceCartella = ?"));
+             q.addBindValue(codice);
+             if (!q.exec()) throw ErroreSql(q.lastError());
+             if (!q.next()) {
+                 // A folder deleted since: no folder is active, and no one is told.
+                 RecordAssente = 1;
+                 return;
+             }
+             CodiceCartellaAttiva = codice;
+             NomeCartellaAttiva = q.value(0).toString();
+             ScrittaCartellaAttiva->setText(
+                 FormaCartella(NomeCartellaAttiva, CodiceCartellaAttiva));
+         }},
+    });
+}
+
+void MenuGenerale::Riprendi() {
+    if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) Motore.AvviaScansione();
+}
+
+void MenuGenerale::ClickTasto(int16_t indice) {
+    TastoMenùZanto_Click(indice);
+}
+
+void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
+    switch (indice) {
+    case 101:
+        if (CodiceCartellaAttiva == 0) {
+            Bip();
+            ParcheggiaMouse();
+            Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                             QStringLiteral("Non esiste alcuna Cartella Attiva!"),
+                             QStringLiteral("E' impossibile disegnare!"),
+                             QStringLiteral("E' necessario scegliere prima una Cartella!"),
+                             QStringLiteral("Premere «OK» per proseguire!")}),
+                      1, 1);
+            Riprendi();
+            return;
+        }
+        // The drawing screen is not built yet.
+        Bip();
+        Riprendi();
+        return;
+    case 102:
+        // The folder list is not built yet; the key routine restarts the ring.
+        Bip();
+        return;
+    case 103:
+    case 104:
+        Bip();
+        Riprendi();
+        return;
+    case 105:
+        ChiudiZanto();
+        return;
+    default:
+        return;
+    }
+}
+
+void MenuGenerale::RoutineTastoGiu(int codice, int modificatori) {
+    if (Motore.TastoDiretto(codice)) return;
+    const MotoreScansione::Esito esito = Motore.RoutineTasti(codice, modificatori);
+    // 102 is the one button after which the menu stays open.
+    if (esito == MotoreScansione::Esito::Scelta && Motore.TastoCorrente == 102 &&
+        (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) && MenùGeneraleAperto() == this)
+        Motore.AvviaScansione();
+}
+
+MenuGenerale* MenùGeneraleAperto() {
+    return Menu().get();
+}
+
+MenuGenerale* CaricaMenùGenerale() {
+    Menu() = std::make_unique<MenuGenerale>();
+    MenuGenerale* menu = Menu().get();
+    menu->AttivaMenùGenerale();
+    const QRect schermo = QGuiApplication::primaryScreen()->availableGeometry();
+    menu->move(schermo.center() - menu->rect().center());
+    menu->show();
+    menu->repaint();
+    return menu;
+}
+
+void ScaricaMenùGenerale() {
+    if (!Menu()) return;
+    Menu()->hide();
+    Menu()->Motore.FermaScansione();
+    // Its own click routine may be on the stack: the object goes when events allow.
+    Menu().release()->deleteLater();
+}
+
+void DistruggiMenùGenerale() {
+    Menu().reset();
+}

@@ -1,0 +1,101 @@
+#include "start/Utilita.h"
+
+#include "start/GestioneErrori.h"
+#include "start/MappaErrori.h"
+#include "start/Numeri.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <deque>
+
+void DividiTestoInRighe() {
+    NumeroRigheTesto = 0;
+    RigheTesto = QStringList{QString()};
+    const QChar cr(u'\r');
+    qsizetype da = 0;
+    for (;;) {
+        const qsizetype trovato = TestoDaDividere.indexOf(cr, da);
+        if (trovato >= 0) {
+            RigheTesto.append(TestoDaDividere.mid(da, trovato - da + 1));
+            NumeroRigheTesto = Intero16(static_cast<int64_t>(NumeroRigheTesto) + 1);
+            da = trovato + 1;
+            continue;
+        }
+        const QString resto = TestoDaDividere.mid(da);
+        if (resto.count(QChar(u' ')) == resto.size()) return; // only blanks
+        RigheTesto.append(resto);
+        NumeroRigheTesto = Intero16(static_cast<int64_t>(NumeroRigheTesto) + 1);
+        return;
+    }
+}
+
+bool FileEsiste(const QString& percorso) {
+    const QFileInfo info(percorso);
+    return info.exists() && !info.isDir();
+}
+
+bool CartellaEsiste(const QString& percorso) {
+    return QFileInfo(percorso).isDir();
+}
+
+void RicercaFile() {
+    ElencoFile = QStringList{QString()};
+    NumeroFile = 0;
+    std::deque<QString> daVisitare;
+    EseguiPassi({
+        {7100,
+         [&] {
+             if (!CartellaEsiste(CartellaRicerca)) throw ErroreCartellaAssente(CartellaRicerca);
+             daVisitare.push_back(CartellaRicerca);
+         }},
+        {7110,
+         [&] {
+             while (!daVisitare.empty()) {
+                 const QDir cartella(daVisitare.front());
+                 daVisitare.pop_front();
+                 const QFileInfoList voci = cartella.entryInfoList(
+                     QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
+                     QDir::NoSort);
+                 for (const QFileInfo& voce : voci) {
+                     if (voce.isDir()) {
+                         if (RicercaSottocartelle != 0)
+                             daVisitare.push_back(voce.absoluteFilePath());
+                         continue;
+                     }
+                     for (const QString& estensione : EstensioniRicerca) {
+                         if (voce.fileName().endsWith(estensione, Qt::CaseInsensitive)) {
+                             ElencoFile.append(voce.absoluteFilePath());
+                             NumeroFile = Intero16(static_cast<int64_t>(NumeroFile) + 1);
+                             break;
+                         }
+                     }
+                 }
+             }
+         }},
+    });
+}
+
+QString PulisciTesto(const QString& testo) {
+    QString risultato;
+    risultato.reserve(testo.size());
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        const QChar c = testo.at(i);
+        if (i == 0) {
+            if (c != u' ') risultato.append(c);
+            continue;
+        }
+        if (c == u' ' && testo.at(i - 1) == u' ') continue;
+        risultato.append(c);
+    }
+    risultato.remove(QChar(u'\n'));
+    risultato.remove(QChar(u'\r'));
+    // Blanks only: a tab the user typed stays.
+    qsizetype inizio = 0;
+    qsizetype fine = risultato.size();
+    while (inizio < fine && risultato.at(inizio) == u' ')
+        ++inizio;
+    while (fine > inizio && risultato.at(fine - 1) == u' ')
+        --fine;
+    return risultato.mid(inizio, fine - inizio);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+// In: the text to cut. Out: its lines, from 1, each keeping its carriage return.
+inline QString TestoDaDividere;
+inline int16_t NumeroRigheTesto = 0;
+inline QStringList RigheTesto{QString()};
+void DividiTestoInRighe();
+
+bool FileEsiste(const QString& percorso);
+bool CartellaEsiste(const QString& percorso);
+
+// The file search: in, the root, the wanted extensions (".jpg") and whether to
+// walk the sub-directories; out, the full paths from 1 and their count.
+inline QString CartellaRicerca;
+inline QStringList EstensioniRicerca;
+inline int16_t RicercaSottocartelle = 0;
+inline QStringList ElencoFile{QString()};
+inline int16_t NumeroFile = 0;
+void RicercaFile();
+
+// A user's text line with runs of blanks made one, line ends dropped, trimmed.
+QString PulisciTesto(const QString& testo);

@@ -1,0 +1,80 @@
+#include "support/AmbienteProva.h"
+
+#include "archive/Archivi.h"
+#include "archive/Installatore.h"
+#include "input/QuadroMessaggi.h"
+#include "start/Avvio.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/MenuGenerale.h"
+#include "start/Utilita.h"
+
+#include <QtTest>
+
+void RipristinaGlobali() {
+    // start
+    FaseAvvio = 0;
+    RadiceDati.clear();
+    CartellaSistema.clear();
+    MessaggiAvvio.clear();
+    StampanteDiSistema.clear();
+    DimensioneMinimaX = 1024;
+    DimensioneMinimaY = 768;
+    SezioneCorrente = 0;
+    EsitoErrore = 0;
+    RecordAssente = 0;
+    ScritturaFallita = 0;
+    ContatoreBip = 0;
+    MostraScatolaPiattaforma = ScatolaDiSistema;
+    ModalitàFunzionamento = 1;
+    TastoScelta = 1;
+    TastoScansione = 2;
+    TipoInversioneScansione = 1;
+    TempoLatenzaScansione = 1000;
+    CodiceCartellaAttiva = 0;
+    NomeCartellaAttiva.clear();
+    TestoDaDividere.clear();
+    NumeroRigheTesto = 0;
+    RigheTesto = QStringList{QString()};
+    // input
+    TestoQuadroMessaggi.clear();
+    TipoQuadroMessaggi = 0;
+    TastoPredefinitoQuadroMessaggi = 0;
+    EsitoQuadroMessaggi = 0;
+    // model and archive: add their globals here as they come.
+}
+
+AmbienteProva::AmbienteProva(bool installa) {
+    RipristinaGlobali();
+    qputenv("XDG_DATA_HOME", cartella_.path().toUtf8());
+    CalcolaRadiceDati();
+    MostraScatolaPiattaforma = [this](IconaScatola icona, const QString& titolo,
+                                      const QString& testo) {
+        Scatole.append({icona, titolo, testo});
+    };
+    if (installa) {
+        const QString esito = InstallaDatiZanto(RadiceDati);
+        if (!esito.isEmpty()) qFatal("installazione di prova non riuscita: %s", qPrintable(esito));
+    }
+}
+
+AmbienteProva::~AmbienteProva() {
+    ChiudiArchivi();
+    RipristinaGlobali();
+}
+
+QString AmbienteProva::Radice() const {
+    return RadiceDati;
+}
+
+void AmbienteProva::ApriArchivi() {
+    ApriArchivio(ArchivioConfigurazione, PercorsoConfigurazione());
+    ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
+    ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti());
+}
+
+void AmbienteProva::ChiudiArchivi() {
+    ChiudiArchivio(ArchivioDisegni);
+    ChiudiArchivio(ArchivioOggetti);
+    ChiudiArchivio(ArchivioConfigurazione);
+}

@@ -1,0 +1,67 @@
+#include "support/Copione.h"
+
+#include "input/FormScansione.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+
+bool PremiTasto(int tastoQt, Qt::KeyboardModifiers modificatori) {
+    FormScansione* form = FormScansione::InPrimoPiano();
+    if (form == nullptr) return false;
+    QWidget* bersaglio = form->focusWidget() != nullptr ? form->focusWidget() : form->FocusFix;
+    QKeyEvent giu(QEvent::KeyPress, tastoQt, modificatori);
+    QCoreApplication::sendEvent(bersaglio, &giu);
+    QKeyEvent su(QEvent::KeyRelease, tastoQt, modificatori);
+    // The press may have closed the form; the release then goes nowhere.
+    if (FormScansione::InPrimoPiano() == form) QCoreApplication::sendEvent(bersaglio, &su);
+    return true;
+}
+
+Copione& Copione::Tasto(int tastoQt, Qt::KeyboardModifiers modificatori) {
+    passi_.append([this, tastoQt, modificatori] {
+        if (!PremiTasto(tastoQt, modificatori))
+            Problemi.append(
+                QStringLiteral("nessun form in primo piano per il tasto %1").arg(tastoQt));
+    });
+    return *this;
+}
+
+Copione& Copione::Attendi(int64_t ms) {
+    passi_.append([this, ms] { orologio_.Avanza(ms); });
+    return *this;
+}
+
+Copione& Copione::Esegui(std::function<void()> azione) {
+    passi_.append(std::move(azione));
+    return *this;
+}
+
+void Copione::Avvia() {
+    indice_ = 0;
+    finito_ = false;
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [this] { Prossimo(); }, Qt::QueuedConnection);
+}
+
+void Copione::Prossimo() {
+    if (indice_ >= passi_.size()) {
+        finito_ = true;
+        if (allaFine_) allaFine_();
+        return;
+    }
+    std::function<void()> passo = passi_[indice_++];
+    // The step first, then the next one: if the step opens a modal panel, the
+    // panel's own loop runs the rest of the script.
+    QMetaObject::invokeMethod(QCoreApplication::instance(), passo, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [this] { Prossimo(); }, Qt::QueuedConnection);
+}
+
+void Copione::EseguiFinoAllaFine() {
+    QEventLoop ciclo;
+    allaFine_ = [&ciclo] { ciclo.quit(); };
+    Avvia();
+    if (!finito_) ciclo.exec();
+    allaFine_ = nullptr;
+}
