@@ -1,8 +1,12 @@
 #include "support/AmbienteProva.h"
 
+#include "archive/ArchivioAzioni.h"
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
 #include "input/QuadroMessaggi.h"
+#include "model/Paint.h"
+#include "model/RecordAzione.h"
+#include "model/TracciaAzioni.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -36,12 +40,46 @@ void RipristinaGlobali() {
     TestoDaDividere.clear();
     NumeroRigheTesto = 0;
     RigheTesto = QStringList{QString()};
+    CartellaRicerca.clear();
+    EstensioniRicerca.clear();
+    RicercaSottocartelle = 0;
+    ElencoFile = QStringList{QString()};
+    NumeroFile = 0;
     // input
     TestoQuadroMessaggi.clear();
     TipoQuadroMessaggi = 0;
     TastoPredefinitoQuadroMessaggi = 0;
     EsitoQuadroMessaggi = 0;
     // model and archive: add their globals here as they come.
+    Azioni = QList<RecordAzione>{RecordAzione{}};
+    NumeroAzioni = 0;
+    ElementiAttivi = QList<RecordAzione>{RecordAzione{}};
+    NumeroElementiAttivi = 0;
+    AzioniUndo = QList<RecordAzione>{RecordAzione{}};
+    NumeroAzioniUndo = 0;
+    AzioniDaRegistrare = QList<RecordAzione>{RecordAzione{}};
+    NumeroAzioniDaRegistrare = 0;
+    AzioniOggetto = QList<RecordAzione>{RecordAzione{}};
+    NumeroAzioniOggetto = 0;
+    AzioniOggettoDaRegistrare = QList<RecordAzione>{RecordAzione{}};
+    NumeroAzioniOggettoDaRegistrare = 0;
+    ElementoInCostruzione = RecordAzione{};
+    IndiceElementoInModifica = 0;
+    CodiceCopiaLavoro = BaseCopieLavoro;
+    PrimaAzioneTraccia = 0;
+    UltimaAzioneTraccia = 0;
+    OggettoPaint.reset();
+    CodiceDisegnoDaCaricare = 0;
+    CodiceOggettoDaCaricare = 0;
+    CodiceDisegnoDaRegistrare = 0;
+    CodiceOggettoDaRegistrare = 0;
+    StatoDisegno = 2;
+    RegistraComeNuovo = 0;
+    NomeDisegnoCorrente.clear();
+    CodiceDisegnoCorrente = 0;
+    NomeOggettoDaRegistrare.clear();
+    CodiceCartellaObjAttiva = 0;
+    NomeCartellaObjAttiva.clear();
 }
 
 AmbienteProva::AmbienteProva(bool installa) {

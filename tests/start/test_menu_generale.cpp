@@ -1,0 +1,258 @@
+// The main menu, worked with keys and the mouse on the virtual clock.
+#include "archive/Archivi.h"
+#include "input/QuadroMessaggi.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/MenuGenerale.h"
+#include "support/AmbienteProva.h"
+#include "support/Copione.h"
+#include "support/OrologioVirtuale.h"
+#include "support/Sonde.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+QString LeggiFile(const QString& percorso) {
+    QFile f(percorso);
+    if (!f.open(QIODevice::ReadOnly)) return QStringLiteral("<assente>");
+    return QString::fromLatin1(f.readAll());
+}
+
+void ScriviFile(const QString& percorso, const QByteArray& contenuto) {
+    QFile f(percorso);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(contenuto);
+}
+
+void AggiungiCartella(int codice, const QString& nome) {
+    QSqlQuery q(Archivio(ArchivioDisegni));
+    q.prepare(
+        QStringLiteral("INSERT INTO TabCartelle (CodiceCartella, NomeCartella) VALUES (?, ?)"));
+    q.addBindValue(codice);
+    q.addBindValue(nome);
+    QVERIFY(q.exec());
+}
+
+} // namespace
+
+class ProvaMenuGenerale : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+
+    MenuGenerale* Menu(int16_t modo) {
+        ModalitàFunzionamento = modo;
+        MenuGenerale* menu = CaricaMenùGenerale();
+        QCoreApplication::processEvents();
+        return menu;
+    }
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>();
+        amb->ApriArchivi();
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+    }
+    void cleanup() {
+        DistruggiMenùGenerale();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        orologio.reset();
+        amb.reset();
+    }
+
+    void cinque_tasti_con_le_corone_ai_loro_posti() {
+        MenuGenerale* m = Menu(4);
+        const int sinistre[] = {405, 3495, 6585, 9690, 12780};
+        const QStringList didascalie = {"Disegno", "Cartelle", "Informazioni", "Configurazioni",
+                                        "Esci"};
+        QCOMPARE(m->Tasti.size(), 5);
+        for (int16_t i = 101; i <= 105; ++i) {
+            const QRect atteso(qRound(sinistre[i - 101] / 15.0), 18, 138, 70);
+            QCOMPARE(m->Tasti.value(i)->geometry(), atteso);
+            QVERIFY(m->Corone.value(i)->geometry().contains(atteso));
+            QVERIFY(m->Corone.value(i)->geometry() != atteso);
+            QCOMPARE(m->Tasti.value(i)->text(), didascalie[i - 101]);
+            QCOMPARE(m->Tasti.value(i)->accessibleName(), didascalie[i - 101]);
+            QCOMPARE(m->Tasti.value(i)->focusPolicy(), Qt::NoFocus);
+        }
+        QCOMPARE(m->windowTitle(), QStringLiteral("Programma «ZANTO»"));
+    }
+
+    void un_nuovo_menu_parte_dal_primo_tasto_col_verde() {
+        MenuGenerale* m = Menu(4);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(101));
+        QCOMPARE(CoroneVisibili(*m), QList<int16_t>{101});
+        QCOMPARE(ColoreCorona(*m, 101), 0x00FF00u);
+        QCOMPARE(TastoPredefinito(*m), int16_t(101));
+    }
+
+    void primo_avvio_senza_file_l_etichetta_e_vuota_e_disegno_da_il_messaggio() {
+        QVERIFY(!QFile::exists(PercorsoCartellaAttiva()));
+        MenuGenerale* m = Menu(1);
+        QCOMPARE(m->ScrittaCartellaAttiva->text(), QString());
+        QCOMPARE(CodiceCartellaAttiva, 0);
+        QString testo;
+        int16_t tipo = 0;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            testo = TestoQuadroMessaggi;
+            tipo = TipoQuadroMessaggi;
+        });
+        c.Tasto(Qt::Key_Return); // OK
+        c.Avvia();
+        QVERIFY(PremiTasto(Qt::Key_Return)); // "Disegno" under the ring in mode 1
+        QVERIFY(c.Finito());
+        QCOMPARE(testo, QStringLiteral("ATTENZIONE!\rNon esiste alcuna Cartella Attiva!\rE' "
+                                       "impossibile disegnare!\rE' necessario scegliere prima "
+                                       "una Cartella!\rPremere «OK» per proseguire!"));
+        QCOMPARE(tipo, int16_t(1));
+        QCOMPARE(EsitoQuadroMessaggi, int16_t(1));
+        QCOMPARE(ContatoreBip, 2); // the refusal and the panel's own
+        // Back in mode 1, the ring walks again from where it stood.
+        QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
+        orologio->Avanza(1000);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
+    }
+
+    void il_file_della_cartella_e_letto_all_attivazione() {
+        AggiungiCartella(7, QStringLiteral("Disegni dell'Anna"));
+        ScriviFile(PercorsoCartellaAttiva(), " 7 \r\n");
+        MenuGenerale* m = Menu(4);
+        QCOMPARE(CodiceCartellaAttiva, 7);
+        QCOMPARE(NomeCartellaAttiva, QStringLiteral("Disegni dell'Anna"));
+        QCOMPARE(m->ScrittaCartellaAttiva->text(), QStringLiteral("Disegni dell'Anna   [ 0007 ] "));
+    }
+
+    void una_cartella_gia_attiva_e_mostrata_senza_leggere_il_file() {
+        ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
+        CodiceCartellaAttiva = 12345;
+        NomeCartellaAttiva = QStringLiteral("Mare");
+        MenuGenerale* m = Menu(4);
+        QCOMPARE(m->ScrittaCartellaAttiva->text(), QStringLiteral("Mare   [ 12345 ] "));
+    }
+
+    void un_codice_che_non_e_in_archivio_lascia_l_etichetta_vuota_senza_dire_nulla() {
+        ScriviFile(PercorsoCartellaAttiva(), " 99 \r\n");
+        MenuGenerale* m = Menu(4);
+        QCOMPARE(m->ScrittaCartellaAttiva->text(), QString());
+        QCOMPARE(CodiceCartellaAttiva, 0);
+        QCOMPARE(RecordAssente, int16_t(1));
+        QVERIFY(amb->Scatole.isEmpty());
+        QCOMPARE(ContatoreBip, 0);
+    }
+
+    void un_file_illeggibile_vale_come_nessuna_cartella() {
+        ScriviFile(PercorsoCartellaAttiva(), "xyz\r\n");
+        MenuGenerale* m = Menu(4);
+        QCOMPARE(m->ScrittaCartellaAttiva->text(), QString());
+        QCOMPARE(CodiceCartellaAttiva, 0);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void disegno_con_una_cartella_attiva_suona_finche_l_ambiente_non_esiste() {
+        ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
+        MenuGenerale* m = Menu(4);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QCOMPARE(ContatoreBip, 1);
+        QVERIFY(m->isVisible());
+        QCOMPARE(FormScansione::InPrimoPiano(), m);
+    }
+
+    void cartelle_informazioni_configurazioni_suonano_e_il_menu_resta() {
+        MenuGenerale* m = Menu(4);
+        for (int i = 1; i <= 3; ++i) {
+            QVERIFY(PremiTasto(Qt::Key_Right));
+            QVERIFY(PremiTasto(Qt::Key_Return));
+            QCOMPARE(ContatoreBip, i);
+            QCOMPARE(FormScansione::InPrimoPiano(), m);
+        }
+    }
+
+    void cartelle_in_modo_1_riparte_dalla_routine_dei_tasti() {
+        MenuGenerale* m = Menu(1);
+        orologio->Avanza(1000);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QCOMPARE(ContatoreBip, 1);
+        QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
+        orologio->Avanza(1000);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(103));
+    }
+
+    void cartelle_lascia_la_cartella_e_il_file_come_erano() {
+        ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
+        Menu(4);
+        QVERIFY(PremiTasto(Qt::Key_Right));
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QCOMPARE(CodiceCartellaAttiva, 1);
+        QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 1 \r\n"));
+    }
+
+    void clic_su_sfondo_etichette_e_logo_suonano_soltanto() {
+        MenuGenerale* m = Menu(4);
+        QTest::mouseClick(m, Qt::LeftButton, {}, QPoint(500, 700));
+        QTest::mouseClick(m->ScrittaCartellaAttiva, Qt::LeftButton);
+        QTest::mouseClick(m->ScrittaInformazioni[0], Qt::LeftButton);
+        QTest::mouseClick(m->ImmagineMenu, Qt::LeftButton);
+        QTest::mouseClick(m->Corone.value(101), Qt::LeftButton, {}, QPoint(2, 2));
+        QCOMPARE(ContatoreBip, 5);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(101));
+        QVERIFY(m->isVisible());
+    }
+
+    void i_tasti_funzionano_anche_col_mouse() {
+        MenuGenerale* m = Menu(4);
+        QTest::mouseClick(m->Tasti.value(104), Qt::LeftButton);
+        QCOMPARE(ContatoreBip, 1);
+        QCOMPARE(QApplication::focusWidget(), m->FocusFix);
+    }
+
+    void esci_chiude_gli_archivi_e_scrive_il_codice_della_cartella() {
+        AggiungiCartella(42, QStringLiteral("Scuola"));
+        ScriviFile(PercorsoCartellaAttiva(), " 42 \r\n");
+        MenuGenerale* m = Menu(4);
+        QTest::mouseClick(m->Tasti.value(105), Qt::LeftButton);
+        QVERIFY(!QSqlDatabase::contains(ArchivioDisegni));
+        QVERIFY(!QSqlDatabase::contains(ArchivioOggetti));
+        QVERIFY(!QSqlDatabase::contains(ArchivioConfigurazione));
+        QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 42 \r\n"));
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void esci_non_scrive_la_riga_delle_impostazioni() {
+        MenuGenerale* m = Menu(4);
+        TempoLatenzaScansione = 3000; // changed in memory only
+        QTest::mouseClick(m->Tasti.value(105), Qt::LeftButton);
+        QCOMPARE(
+            LeggiValore(PercorsoConfigurazione(),
+                        QStringLiteral("SELECT TempoLatenzaScansione FROM ConfigurazioniGenerali"))
+                .toInt(),
+            1000);
+    }
+
+    void la_cartella_scelta_si_perde_se_non_si_esce_con_esci() {
+        Menu(4);
+        CodiceCartellaAttiva = 1; // as the folder list would leave it
+        DistruggiMenùGenerale();  // the run ends some other way
+        QVERIFY(!QFile::exists(PercorsoCartellaAttiva()));
+    }
+
+    void il_numero_si_scrive_come_lo_stampa_il_programma() {
+        QCOMPARE(TestoNumero(0), QStringLiteral(" 0 \r\n"));
+        QCOMPARE(TestoNumero(1234), QStringLiteral(" 1234 \r\n"));
+        QCOMPARE(TestoNumero(-5), QStringLiteral("-5 \r\n"));
+        QCOMPARE(FormaCartella(QStringLiteral("·Disegni Generale"), 1),
+                 QStringLiteral("·Disegni Generale   [ 0001 ] "));
+    }
+};
+
+QTEST_MAIN(ProvaMenuGenerale)
+#include "test_menu_generale.moc"
