@@ -104,6 +104,7 @@ void MotoreScansione::FermaScansione() {
 
 void MotoreScansione::Attendi(int64_t ms) {
     inizioAttesa_ = OrologioCorrente().Adesso();
+    latenzaProgrammata_ = TempoLatenzaScansione;
     sveglia_ = OrologioCorrente().Programma(ms, [this] { Scatto(); });
 }
 
@@ -128,6 +129,7 @@ void MotoreScansione::LatenzaCambiata() {
         if (m->sveglia_ == 0) continue;
         OrologioCorrente().Annulla(m->sveglia_);
         const int64_t passato = OrologioCorrente().Adesso() - m->inizioAttesa_;
+        m->latenzaProgrammata_ = TempoLatenzaScansione;
         m->sveglia_ = OrologioCorrente().Programma(
             std::max<int64_t>(0, TempoLatenzaScansione - passato), [m] { m->Scatto(); });
     }

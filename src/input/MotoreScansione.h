@@ -84,4 +84,5 @@ private:
 
     int sveglia_ = 0;
     int64_t inizioAttesa_ = 0;
+    int32_t latenzaProgrammata_ = 0;
 };
