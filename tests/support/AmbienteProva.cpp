@@ -1,7 +1,7 @@
 #include "support/AmbienteProva.h"
 
-#include "archive/ArchivioAzioni.h"
 #include "archive/Archivi.h"
+#include "archive/ArchivioAzioni.h"
 #include "archive/Installatore.h"
 #include "input/QuadroMessaggi.h"
 #include "model/Paint.h"

@@ -1,0 +1,356 @@
+#include "archive/ArchivioAzioni.h"
+
+#include "archive/Archivi.h"
+#include "archive/IstruzioniArchivio.h"
+#include "model/RecordAzione.h"
+#include "model/Superficie.h"
+#include "start/GestioneErrori.h"
+#include "start/MappaErrori.h"
+#include "start/MenuGenerale.h"
+#include "start/Numeri.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QSqlRecord>
+#include <QVariant>
+
+#include <array>
+#include <cfloat>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace {
+
+// The 22 fields of an action, in the record's order.
+const std::array<QString, 22> CampiAzione = {
+    QStringLiteral("TipoAzione"), QStringLiteral("XInizio"),
+    QStringLiteral("YInizio"),    QStringLiteral("XFine"),
+    QStringLiteral("YFine"),      QStringLiteral("ColLinea"),
+    QStringLiteral("ColZona"),    QStringLiteral("FlagPienoVuoto"),
+    QStringLiteral("SpessLinea"), QStringLiteral("XCentro"),
+    QStringLiteral("YCentro"),    QStringLiteral("RadIniz"),
+    QStringLiteral("RadFine"),    QStringLiteral("RaggioVert"),
+    QStringLiteral("RaggioOriz"), QStringLiteral("InterlineaTesto"),
+    QStringLiteral("Testo"),      QStringLiteral("NomeFont"),
+    QStringLiteral("SizeFont"),   QStringLiteral("Corsivo"),
+    QStringLiteral("Grassetto"),  QStringLiteral("NomeFileImmagine"),
+};
+
+struct TabellaAzioni {
+    const QString& Connessione;
+    QString Nome;
+    QString ColonnaCodice;
+};
+
+TabellaAzioni TabellaAzioniDisegno() {
+    return {ArchivioDisegni, QStringLiteral("TabAzioniDisegno"), QStringLiteral("CodiceDisegno")};
+}
+
+TabellaAzioni TabellaAzioniOggetto() {
+    return {ArchivioOggetti, QStringLiteral("TabAzioniOggetto"), QStringLiteral("CodiceOggetto")};
+}
+
+[[noreturn]] void TipoErrato(const QString& campo) {
+    throw ErroreZanto{13, QStringLiteral("Tipo non corrispondente nel campo ") + campo};
+}
+
+[[noreturn]] void Overflow() {
+    throw ErroreZanto{6, QStringLiteral("Overflow")};
+}
+
+int64_t InteroDa(const QVariant& v, const QString& campo) {
+    if (v.isNull()) return 0;
+    bool ok = false;
+    const qlonglong n = v.toLongLong(&ok);
+    if (!ok) TipoErrato(campo);
+    return n;
+}
+
+int32_t Intero32Da(const QVariant& v, const QString& campo) {
+    const int64_t n = InteroDa(v, campo);
+    if (n < std::numeric_limits<int32_t>::min() || n > std::numeric_limits<int32_t>::max())
+        Overflow();
+    return static_cast<int32_t>(n);
+}
+
+float RealeDa(const QVariant& v, const QString& campo) {
+    if (v.isNull()) return 0;
+    bool ok = false;
+    const double d = v.toDouble(&ok);
+    if (!ok) TipoErrato(campo);
+    if (std::isfinite(d) && std::fabs(d) > double(FLT_MAX)) Overflow();
+    return static_cast<float>(d);
+}
+
+// Reads the list of `codice` in NumAzione order. The rows' own numbers are not
+// used, only their place in the order.
+void Carica(const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista, int32_t& numero) {
+    QSqlQuery q = Prepara(Archivio(t.Connessione),
+                          QStringLiteral("SELECT * FROM ") + t.Nome + QStringLiteral(" WHERE ") +
+                              t.ColonnaCodice + QStringLiteral(" = ? ORDER BY NumAzione ASC"));
+    q.addBindValue(codice);
+    Esegui(q);
+    std::array<int, 22> colonna{};
+    const QSqlRecord record = q.record();
+    for (size_t i = 0; i < CampiAzione.size(); ++i) {
+        colonna[i] = record.indexOf(CampiAzione[i]);
+        if (colonna[i] < 0)
+            throw ErroreZanto{3265,
+                              QStringLiteral("Campo dell'archivio non trovato: ") + CampiAzione[i]};
+    }
+    QList<RecordAzione> letti{RecordAzione{}};
+    auto intero = [&](size_t i) { return Intero32Da(q.value(colonna[i]), CampiAzione[i]); };
+    auto reale = [&](size_t i) { return RealeDa(q.value(colonna[i]), CampiAzione[i]); };
+    auto testo = [&](size_t i) { return q.value(colonna[i]).toString(); };
+    while (q.next()) {
+        RecordAzione& a = letti.emplace_back();
+        a.TipoAzione = intero(0);
+        a.XInizio = intero(1);
+        a.YInizio = intero(2);
+        a.XFine = intero(3);
+        a.YFine = intero(4);
+        a.ColLinea = intero(5);
+        a.ColZona = intero(6);
+        a.FlagPienoVuoto = intero(7);
+        a.SpessLinea = intero(8);
+        a.XCentro = reale(9);
+        a.YCentro = reale(10);
+        a.RadIniz = reale(11);
+        a.RadFine = reale(12);
+        a.RaggioVert = reale(13);
+        a.RaggioOriz = reale(14);
+        a.InterlineaTesto = Intero16(InteroDa(q.value(colonna[15]), CampiAzione[15]));
+        a.Testo = testo(16);
+        a.NomeFont = testo(17);
+        a.SizeFont = intero(18);
+        a.Corsivo = intero(19);
+        a.Grassetto = intero(20);
+        a.NomeFileImmagine = testo(21);
+    }
+    if (q.lastError().isValid()) throw ErroreSql(q.lastError());
+    // An owner without rows has no current record to move to.
+    if (letti.size() == 1) throw ErroreNessunRecord();
+    numero = static_cast<int32_t>(letti.size() - 1);
+    lista = std::move(letti);
+}
+
+// The text columns take no NULL: an unset string is written empty.
+QString NonNullo(const QString& testo) {
+    return testo.isNull() ? QString(0, QChar()) : testo;
+}
+
+// Adds rows 1..numero of `lista` for `codice`, NumAzione from 1. The caller
+// holds the transaction.
+void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& lista,
+            int32_t numero) {
+    QString segnaposti = QStringLiteral("?, ?");
+    for (size_t i = 0; i < CampiAzione.size(); ++i)
+        segnaposti += QStringLiteral(", ?");
+    QStringList colonne{t.ColonnaCodice, QStringLiteral("NumAzione")};
+    for (const QString& campo : CampiAzione)
+        colonne.append(campo);
+    QSqlQuery q = Prepara(Archivio(t.Connessione),
+                          QStringLiteral("INSERT INTO ") + t.Nome + QStringLiteral(" (") +
+                              colonne.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
+                              segnaposti + ')');
+    const QVariant proprietario(codice);
+    for (int32_t i = 1; i <= numero; ++i) {
+        const int16_t numAzione = Intero16(static_cast<int64_t>(i));
+        if (i >= lista.size())
+            throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+        const RecordAzione& a = lista[i];
+        q.bindValue(0, proprietario);
+        q.bindValue(1, numAzione);
+        q.bindValue(2, a.TipoAzione);
+        q.bindValue(3, a.XInizio);
+        q.bindValue(4, a.YInizio);
+        q.bindValue(5, a.XFine);
+        q.bindValue(6, a.YFine);
+        q.bindValue(7, a.ColLinea);
+        q.bindValue(8, a.ColZona);
+        q.bindValue(9, a.FlagPienoVuoto);
+        q.bindValue(10, a.SpessLinea);
+        // Floats go as doubles: every float is a double exactly, so it comes back whole.
+        q.bindValue(11, double(a.XCentro));
+        q.bindValue(12, double(a.YCentro));
+        q.bindValue(13, double(a.RadIniz));
+        q.bindValue(14, double(a.RadFine));
+        q.bindValue(15, double(a.RaggioVert));
+        q.bindValue(16, double(a.RaggioOriz));
+        q.bindValue(17, int(a.InterlineaTesto));
+        q.bindValue(18, NonNullo(a.Testo));
+        q.bindValue(19, NonNullo(a.NomeFont));
+        q.bindValue(20, a.SizeFont);
+        q.bindValue(21, a.Corsivo);
+        q.bindValue(22, a.Grassetto);
+        q.bindValue(23, NonNullo(a.NomeFileImmagine));
+        Esegui(q);
+    }
+}
+
+// The common shape of the two action writers: one transaction, rolled back
+// unless every step went through.
+bool RegistraAzioni(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& lista,
+                    int32_t numero, int16_t sezione) {
+    std::optional<Transazione> transazione;
+    bool scritto = false;
+    return EseguiPassi({
+               {sezione, [&] { transazione.emplace(Archivio(t.Connessione)); }},
+               {int16_t(sezione + 10),
+                [&] {
+                    Scrivi(t, codice, lista, numero);
+                    scritto = true;
+                }},
+               {int16_t(sezione + 90),
+                [&] {
+                    if (scritto) transazione->Conferma();
+                }},
+           }) &&
+           scritto;
+}
+
+} // namespace
+
+void CaricaAzioniDisegno() {
+    Carica(TabellaAzioniDisegno(), CodiceDisegnoDaCaricare, AzioniUndo, NumeroAzioniUndo);
+}
+
+void CaricaAzioniOggetto() {
+    Carica(TabellaAzioniOggetto(), CodiceOggettoDaCaricare, AzioniOggetto, NumeroAzioniOggetto);
+}
+
+bool RegistraAzioniDisegno() {
+    return RegistraAzioni(TabellaAzioniDisegno(), CodiceDisegnoDaRegistrare, AzioniDaRegistrare,
+                          NumeroAzioniDaRegistrare, 4100);
+}
+
+bool RegistraAzioniOggetto() {
+    return RegistraAzioni(TabellaAzioniOggetto(), CodiceOggettoDaRegistrare,
+                          AzioniOggettoDaRegistrare, NumeroAzioniOggettoDaRegistrare, 4200);
+}
+
+QString PercorsoBitmapDisegno(const QString& nomeCartella, const QString& nomeDisegno) {
+    return PercorsoCartellaDisegni(nomeCartella) + '/' + nomeDisegno + QStringLiteral(".bmp");
+}
+
+bool RegistraDisegno(const Superficie& quadro) {
+    const bool nuovo = StatoDisegno == 2 || RegistraComeNuovo == 1;
+    int32_t codice = CodiceDisegnoCorrente;
+    const QString percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente);
+    std::optional<Transazione> transazione;
+    std::optional<QSaveFile> bitmap;
+    int passiFatti = 0;
+    const bool riuscito = EseguiPassi({
+        {4300,
+         [&] {
+             transazione.emplace(Archivio(ArchivioDisegni));
+             ++passiFatti;
+         }},
+        {4310,
+         [&] {
+             QSqlDatabase db = Archivio(ArchivioDisegni);
+             if (nuovo) {
+                 codice = CodiceLiberoMinimo(TipoCodice::Disegno);
+                 QSqlQuery q = Prepara(db, QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno,"
+                                                          " NomeDisegno, CodiceCartella)"
+                                                          " VALUES (?, ?, ?)"));
+                 q.addBindValue(codice);
+                 q.addBindValue(NomeDisegnoCorrente);
+                 q.addBindValue(CodiceCartellaAttiva);
+                 Esegui(q);
+             } else {
+                 // The head row first: it survives whatever fails after it.
+                 QSqlQuery q = Prepara(db, QStringLiteral("UPDATE TabDisegni SET NomeDisegno = ?,"
+                                                          " CodiceCartella = ?"
+                                                          " WHERE CodiceDisegno = ?"));
+                 q.addBindValue(NomeDisegnoCorrente);
+                 q.addBindValue(CodiceCartellaAttiva);
+                 q.addBindValue(codice);
+                 Esegui(q);
+                 if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
+                 EliminaAzioniDisegno(codice);
+             }
+             ++passiFatti;
+         }},
+        {4320,
+         [&] {
+             CodiceDisegnoDaRegistrare = codice;
+             CopiaAzioniInDaRegistrare();
+             Scrivi(TabellaAzioniDisegno(), CodiceDisegnoDaRegistrare, AzioniDaRegistrare,
+                    NumeroAzioniDaRegistrare);
+             ++passiFatti;
+         }},
+        {4330,
+         [&] {
+             // Written aside first: nothing on disk changes until it is complete.
+             const QByteArray dati = quadro.ImmagineBmp();
+             bitmap.emplace(percorso);
+             if (!bitmap->open(QIODevice::WriteOnly))
+                 throw ErroreFile(bitmap->error(), percorso, bitmap->errorString());
+             if (bitmap->write(dati) != dati.size())
+                 throw ErroreFile(bitmap->error(), percorso, bitmap->errorString());
+             ++passiFatti;
+         }},
+        {4340,
+         [&] {
+             if (passiFatti != 4) return;
+             if (!nuovo && QFile::exists(percorso) && !QFile::remove(percorso))
+                 throw ErroreFile(QFileDevice::RemoveError, percorso);
+             if (!bitmap->commit())
+                 throw ErroreFile(bitmap->error(), percorso, bitmap->errorString());
+             ++passiFatti;
+         }},
+        {4390,
+         [&] {
+             if (passiFatti != 5) return;
+             transazione->Conferma();
+             ++passiFatti;
+         }},
+    });
+    if (!riuscito || passiFatti != 6) return false;
+    CodiceDisegnoCorrente = codice;
+    if (nuovo) StatoDisegno = 1;
+    return true;
+}
+
+bool RegistraOggetto() {
+    std::optional<Transazione> transazione;
+    int passiFatti = 0;
+    const bool riuscito = EseguiPassi({
+        {4400,
+         [&] {
+             transazione.emplace(Archivio(ArchivioOggetti));
+             ++passiFatti;
+         }},
+        {4410,
+         [&] {
+             // The object's code is 16-bit where it is written.
+             const int16_t codice = Intero16(CodiceLiberoMinimo(TipoCodice::Oggetto));
+             QSqlQuery q = Prepara(Archivio(ArchivioOggetti),
+                                   QStringLiteral("INSERT INTO TabOggetti (CodiceOggetto,"
+                                                  " NomeOggetto, CodiceCartellaObj)"
+                                                  " VALUES (?, ?, ?)"));
+             q.addBindValue(codice);
+             q.addBindValue(NomeOggettoDaRegistrare);
+             q.addBindValue(CodiceCartellaObjAttiva);
+             Esegui(q);
+             CodiceOggettoDaRegistrare = codice;
+             ++passiFatti;
+         }},
+        {4420,
+         [&] {
+             CopiaElementiAttiviInDaRegistrare();
+             Scrivi(TabellaAzioniOggetto(), CodiceOggettoDaRegistrare, AzioniOggettoDaRegistrare,
+                    NumeroAzioniOggettoDaRegistrare);
+             ++passiFatti;
+         }},
+        {4490,
+         [&] {
+             if (passiFatti != 3) return;
+             transazione->Conferma();
+             ++passiFatti;
+         }},
+    });
+    return riuscito && passiFatti == 4;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+class Superficie;
+
+// Inputs and outputs of the readers and writers, set before each call.
+inline int32_t CodiceDisegnoDaCaricare = 0;
+inline int32_t CodiceOggettoDaCaricare = 0;
+inline int32_t CodiceDisegnoDaRegistrare = 0;
+inline int32_t CodiceOggettoDaRegistrare = 0;
+
+// The drawing on the canvas: 1 it has a row in TabDisegni, 2 it is new.
+inline int16_t StatoDisegno = 2;
+// For RegistraDisegno when StatoDisegno is 1: 1 a new row, 0 overwrite the old one.
+inline int16_t RegistraComeNuovo = 0;
+inline QString NomeDisegnoCorrente;
+inline int32_t CodiceDisegnoCorrente = 0;
+
+inline QString NomeOggettoDaRegistrare;
+// The active folder of objects.
+inline int32_t CodiceCartellaObjAttiva = 0;
+inline QString NomeCartellaObjAttiva;
+
+// Readers. They have no error trap of their own: a fault goes to the caller as
+// ErroreZanto, an owner without action rows as 3021, and the target list is
+// then left as it was.
+void CaricaAzioniDisegno(); // CodiceDisegnoDaCaricare -> AzioniUndo
+void CaricaAzioniOggetto(); // CodiceOggettoDaCaricare -> AzioniOggetto
+
+// Writers. Each runs in one transaction and reports a fault through the error
+// routine: on failure the archive is as it was before the call. They return
+// whether everything was written.
+bool RegistraAzioniDisegno(); // AzioniDaRegistrare as drawing CodiceDisegnoDaRegistrare
+bool RegistraAzioniOggetto(); // AzioniOggettoDaRegistrare as object CodiceOggettoDaRegistrare
+
+// Saves Azioni as the current drawing in the active folder: a new head row or
+// the old one, its action rows replaced, and the canvas's bitmap as a BMP file.
+bool RegistraDisegno(const Superficie& quadro);
+// Saves ElementiAttivi as a new object in the active folder of objects.
+bool RegistraOggetto();
+
+// Where RegistraDisegno writes the bitmap of a drawing.
+QString PercorsoBitmapDisegno(const QString& nomeCartella, const QString& nomeDisegno);

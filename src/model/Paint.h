@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QImage>
+
+#include <cstdint>
+#include <memory>
+
+class Superficie;
+
+// Replaces the 4-connected region of colour `daSostituire` that holds (x, y)
+// with `riempimento`, on the bitmap's own scan lines. Nothing changes when the
+// point lies outside, has another colour, or the two colours are the same.
+// Returns whether anything was filled.
+bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempimento);
+
+// Flood fill for a surface whose coordinates are not pixels.
+class Paint {
+public:
+    // Setting the device works out the scale and the factors from its scale.
+    void ImpostaDevice(Superficie& superficie);
+    Superficie* Device() const { return device_; }
+
+    float ScaleLeft = 0;
+    float ScaleTop = 0;
+    float FattoreX = 0; // pixels per scale unit
+    float FattoreY = 0;
+
+    // Fills, with the surface's FillColor, the region of the colour found at
+    // (X, Y), given in the surface's scale.
+    void Flood(float& X, float& Y);
+
+private:
+    long PuntoX(float X) const;
+    long PuntoY(float Y) const;
+
+    Superficie* device_ = nullptr;
+};
+
+// The program's one Paint, made on first use and kept.
+inline std::unique_ptr<Paint> OggettoPaint;
+Paint& UsaOggettoPaint();

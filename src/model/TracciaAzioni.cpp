@@ -1,0 +1,127 @@
+#include "model/TracciaAzioni.h"
+
+#include "model/Paint.h"
+#include "model/Superficie.h"
+#include "start/GestioneErrori.h"
+#include "start/Numeri.h"
+#include "start/Utilita.h"
+
+namespace {
+
+// Single division as the program does it: x/0 is error 11, 0/0 error 6.
+float Aspetto(float verticale, float orizzontale) {
+    if (orizzontale == 0.0f) {
+        if (verticale == 0.0f) throw ErroreZanto{6, QStringLiteral("Overflow")};
+        throw ErroreZanto{11, QStringLiteral("Divisione per zero")};
+    }
+    return verticale / orizzontale;
+}
+
+float RaggioPerAspetto(const RecordAzione& a, float aspetto) {
+    return aspetto <= 1.0f ? a.RaggioOriz : a.RaggioVert;
+}
+
+void StatoRiempimento(Superficie& s, const RecordAzione& a) {
+    if (a.FlagPienoVuoto == FlagVuoto) s.FillStyle = 1;
+    if (a.FlagPienoVuoto == FlagPieno) {
+        s.FillStyle = 0;
+        s.FillColor = a.ColZona;
+        s.ForeColor = a.ColLinea;
+    }
+}
+
+void TracciaTesto(Superficie& s, const RecordAzione& a) {
+    s.FontName = a.NomeFont;
+    s.FontSize = float(a.SizeFont);
+    s.ForeColor = a.ColLinea;
+    if (a.Corsivo == 1) s.FontItalic = true;
+    if (a.Corsivo == 2) s.FontItalic = false;
+    if (a.Grassetto == 1) s.FontBold = true;
+    if (a.Grassetto == 2) s.FontBold = false;
+    TestoDaDividere = a.Testo;
+    DividiTestoInRighe();
+    for (int16_t riga = 1; riga <= NumeroRigheTesto; ++riga) {
+        s.CurrentX = float(a.XInizio);
+        // Print has already moved one line down; the spacing is added to that.
+        s.CurrentY = riga == 1 ? float(a.YInizio) : s.CurrentY + float(a.InterlineaTesto);
+        s.Print(RigheTesto[riga]);
+    }
+}
+
+} // namespace
+
+void TracciaAzione(Superficie& s, const RecordAzione& a) {
+    switch (a.TipoAzione) {
+    case TipiAzione::Linea:
+        s.DrawWidth = Intero16(a.SpessLinea);
+        s.Line(float(a.XInizio), float(a.YInizio), float(a.XFine), float(a.YFine), a.ColLinea);
+        break;
+    case TipiAzione::Arco: {
+        s.DrawWidth = Intero16(a.SpessLinea);
+        const float aspetto = Aspetto(a.RaggioVert, a.RaggioOriz);
+        s.Circle(a.XCentro, a.YCentro, RaggioPerAspetto(a, aspetto), a.ColLinea, a.RadIniz,
+                 a.RadFine, aspetto);
+        break;
+    }
+    case TipiAzione::Rettangolo:
+        s.DrawWidth = Intero16(a.SpessLinea);
+        StatoRiempimento(s, a);
+        s.Box(float(a.XInizio), float(a.YInizio), float(a.XFine), float(a.YFine), a.ColLinea);
+        break;
+    case TipiAzione::Ellisse: {
+        s.DrawWidth = Intero16(a.SpessLinea);
+        StatoRiempimento(s, a);
+        const float aspetto = Aspetto(a.RaggioVert, a.RaggioOriz);
+        s.Circle(a.XCentro, a.YCentro, RaggioPerAspetto(a, aspetto), a.ColLinea, aspetto);
+        break;
+    }
+    case TipiAzione::Colorazione: {
+        Paint& paint = UsaOggettoPaint();
+        paint.ImpostaDevice(s);
+        s.FillStyle = 0;
+        s.FillColor = a.ColZona;
+        s.ForeColor = a.ColLinea;
+        if (a.FlagPienoVuoto == FlagPieno) {
+            float x = a.XCentro;
+            float y = a.YCentro;
+            paint.Flood(x, y);
+        } else {
+            s.DrawWidth = 1;
+            s.Circle(a.XCentro, a.YCentro, RaggioTondino, a.ColLinea);
+        }
+        s.FillStyle = 1;
+        break;
+    }
+    case TipiAzione::Testo:
+        TracciaTesto(s, a);
+        break;
+    case TipiAzione::Immagine:
+        s.PaintPicture(Superficie::LoadPicture(a.NomeFileImmagine), float(a.XInizio),
+                       float(a.YInizio), float(a.XFine - a.XInizio), float(a.YFine - a.YInizio));
+        break;
+    default:
+        break; // other codes draw nothing
+    }
+}
+
+void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista) {
+    // The index lives outside the step, so that a retry starts again at the
+    // action that failed and not at the first one.
+    int32_t indice = PrimaAzioneTraccia;
+    EseguiPassi({
+        {3200, [&] { superficie.AutoRedraw = true; }},
+        {3210,
+         [&] {
+             for (; indice <= UltimaAzioneTraccia; ++indice) {
+                 if (indice < 1 || indice >= lista.size())
+                     throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+                 TracciaAzione(superficie, lista[indice]);
+             }
+         }},
+        {3290,
+         [&] {
+             superficie.AutoRedraw = false;
+             superficie.Refresh();
+         }},
+    });
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "model/RecordAzione.h"
+
+#include <QList>
+
+#include <cstdint>
+
+class Superficie;
+
+// The stretch of the list to draw, both ends included.
+inline int16_t PrimaAzioneTraccia = 0;
+inline int16_t UltimaAzioneTraccia = 0;
+
+// Radius of the marker dot that stands for a fill not run, in twips.
+inline constexpr float RaggioTondino = 50;
+
+// Draws actions PrimaAzioneTraccia..UltimaAzioneTraccia of `lista` on the
+// surface, for good (AutoRedraw on), and refreshes it. The canvas replays
+// Azioni; the panels that show a drawing of their own pass their list. A
+// picture that cannot be read goes to the error routine and the replay stops
+// there, with AutoRedraw still on.
+void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista = Azioni);
+
+// One action drawn with the surface's current keep state, as replay draws it.
+void TracciaAzione(Superficie& superficie, const RecordAzione& azione);

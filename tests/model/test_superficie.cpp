@@ -1,0 +1,487 @@
+// The picture surface: the two layers and the keep switch, the state that
+// carries over, and each drawing operation, checked by probing pixels.
+
+#include "model/RecordAzione.h"
+#include "model/Superficie.h"
+#include "support/AmbienteProva.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QSet>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+constexpr int32_t Sfondo = 0xC0C0C0;
+constexpr int32_t Rosso = 0x0000FF;
+constexpr int32_t Verde = 0x00FF00;
+constexpr int32_t Blu = 0xFF0000;
+
+// The colour at a pixel, as the program keeps colours.
+int32_t Colore(const QImage& img, int x, int y) {
+    const QRgb c = img.pixel(x, y);
+    return qRed(c) | (qGreen(c) << 8) | (qBlue(c) << 16);
+}
+
+// The pixel that holds a point given in twips.
+int Px(double twips) {
+    return static_cast<int>(std::lrint(twips / 15.0));
+}
+
+struct Quadro {
+    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
+    Quadro() {
+        S.ImpostaBackColor(Sfondo);
+        S.AutoRedraw = true;
+    }
+    int32_t Bitmap(double xTwips, double yTwips) const {
+        return Colore(S.Immagine(), Px(xTwips), Px(yTwips));
+    }
+};
+
+// Does the pixel of a point, or one of its eight neighbours, have the colour? A
+// curve's pixels lie within one pixel of the exact point.
+bool Vicino(const QImage& img, double xTwips, double yTwips, int32_t colore) {
+    for (int dy = -1; dy <= 1; ++dy)
+        for (int dx = -1; dx <= 1; ++dx)
+            if (Colore(img, Px(xTwips) + dx, Px(yTwips) + dy) == colore) return true;
+    return false;
+}
+
+int ContaColore(const QImage& img, int32_t colore) {
+    int n = 0;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            if (Colore(img, x, y) == colore) ++n;
+    return n;
+}
+
+} // namespace
+
+class TestSuperficie : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { RipristinaGlobali(); }
+
+    void quadro_di_14144_per_10000_twips_e_943_per_667_pixel_a_96_dpi();
+    void un_pixel_vale_15_twips();
+    void disegno_conservato_va_nel_bitmap_e_si_vede_al_refresh();
+    void disegno_non_conservato_va_solo_sullo_schermo_e_il_refresh_lo_cancella();
+    void linea_ha_il_suo_colore_e_il_suo_spessore();
+    void linea_punteggiata_ha_buchi_e_quella_continua_no();
+    void linea_sposta_il_cursore_sul_secondo_punto();
+    void riquadro_vuoto_ha_bordo_e_lascia_l_interno();
+    void riquadro_pieno_ha_interno_fillcolor_e_bordo_del_colore();
+    void riempimento_resta_da_un_operazione_all_altra();
+    void cerchio_con_aspetto_sopra_uno_usa_il_raggio_in_verticale();
+    void cerchio_con_aspetto_sotto_uno_usa_il_raggio_in_orizzontale();
+    void cerchio_pieno_ha_interno_fillcolor();
+    void cerchio_e_arco_spessi_coprono_la_larghezza_della_penna();
+    void arco_da_zero_a_due_radianti_ha_pixel_solo_sul_suo_tratto();
+    void arco_con_inizio_uguale_alla_fine_e_un_giro_intero();
+    void arco_con_angolo_oltre_un_giro_e_errore_5();
+    void niente_sfumature_sui_bordi();
+    void print_scrive_nel_forecolor_e_va_a_capo();
+    void print_di_una_riga_col_ritorno_a_capo_avanza_una_volta_sola();
+    void misure_del_testo_seguono_il_font_a_96_dpi();
+    void paintpicture_stira_l_immagine_nel_riquadro();
+    void loadpicture_di_file_assente_e_errore_53();
+    void loadpicture_di_file_che_non_e_immagine_e_errore_481();
+    void point_legge_il_colore_e_fuori_da_meno_uno();
+    void cls_pulisce_allo_sfondo_e_azzera_il_cursore();
+    void cambio_di_sfondo_pulisce_il_bitmap();
+    void scala_utente_e_scala_in_pixel();
+    void immagine_salvata_come_bmp_si_rilegge_uguale();
+};
+
+void TestSuperficie::quadro_di_14144_per_10000_twips_e_943_per_667_pixel_a_96_dpi() {
+    Quadro q;
+    QCOMPARE(q.S.LarghezzaPixel(), 943);
+    QCOMPARE(q.S.AltezzaPixel(), 667);
+    QCOMPARE(q.S.Immagine().format(), QImage::Format_RGB32);
+    QCOMPARE(std::lrint(q.S.Immagine().dotsPerMeterX() * 0.0254), 96L);
+    QCOMPARE(q.S.ScaleMode(), ScalaTwips);
+    QCOMPARE(q.S.ScaleWidth(), 943.0f * 15);
+    QCOMPARE(q.S.ScaleHeight(), 667.0f * 15);
+}
+
+void TestSuperficie::un_pixel_vale_15_twips() {
+    Quadro q;
+    QCOMPARE(q.S.PixelX(150), 10.0);
+    QCOMPARE(q.S.PixelY(7500), 500.0);
+    QCOMPARE(q.S.PuntoPixelX(7072), 471);
+}
+
+void TestSuperficie::disegno_conservato_va_nel_bitmap_e_si_vede_al_refresh() {
+    Quadro q;
+    q.S.Line(1500, 1500, 6000, 1500, Rosso);
+    QCOMPARE(q.Bitmap(3000, 1500), Rosso);
+    QCOMPARE(Colore(q.S.Schermo(), 200, 100), Sfondo);
+    q.S.Refresh();
+    QCOMPARE(Colore(q.S.Schermo(), 200, 100), Rosso);
+    q.S.Refresh();
+    QCOMPARE(Colore(q.S.Schermo(), 200, 100), Rosso);
+}
+
+void TestSuperficie::disegno_non_conservato_va_solo_sullo_schermo_e_il_refresh_lo_cancella() {
+    Quadro q;
+    q.S.AutoRedraw = false;
+    int avvisi = 0;
+    q.S.AvvisoSchermo = [&] { ++avvisi; };
+    q.S.Line(1500, 1500, 6000, 1500, Verde);
+    QCOMPARE(Colore(q.S.Schermo(), 200, 100), Verde);
+    QCOMPARE(q.Bitmap(3000, 1500), Sfondo);
+    QVERIFY(avvisi >= 1);
+    q.S.Refresh();
+    QCOMPARE(Colore(q.S.Schermo(), 200, 100), Sfondo);
+}
+
+void TestSuperficie::linea_ha_il_suo_colore_e_il_suo_spessore() {
+    Quadro q;
+    q.S.DrawWidth = 5;
+    q.S.Line(1500, 3000, 9000, 3000, Blu);
+    const QImage& img = q.S.Immagine();
+    for (int dy = -2; dy <= 2; ++dy)
+        QCOMPARE(Colore(img, 300, 200 + dy), Blu);
+    QCOMPARE(Colore(img, 300, 196), Sfondo);
+    QCOMPARE(Colore(img, 300, 204), Sfondo);
+    q.S.DrawWidth = 1;
+    q.S.Line(1500, 6000, 9000, 6000, Rosso);
+    QCOMPARE(Colore(img, 300, 400), Rosso);
+    QCOMPARE(Colore(img, 300, 399), Sfondo);
+    QCOMPARE(Colore(img, 300, 401), Sfondo);
+}
+
+void TestSuperficie::linea_punteggiata_ha_buchi_e_quella_continua_no() {
+    Quadro q;
+    q.S.DrawStyle = 2;
+    q.S.Line(1500, 1500, 9000, 1500, Rosso);
+    q.S.DrawStyle = 0;
+    q.S.Line(1500, 3000, 9000, 3000, Rosso);
+    int punteggiata = 0;
+    int continua = 0;
+    for (int x = 100; x <= 600; ++x) {
+        if (q.Bitmap(x * 15.0, 1500) == Rosso) ++punteggiata;
+        if (q.Bitmap(x * 15.0, 3000) == Rosso) ++continua;
+    }
+    QCOMPARE(continua, 501);
+    QVERIFY(punteggiata > 50);
+    QVERIFY(punteggiata < 400);
+}
+
+void TestSuperficie::linea_sposta_il_cursore_sul_secondo_punto() {
+    Quadro q;
+    q.S.Line(100, 200, 300, 400, Rosso);
+    QCOMPARE(q.S.CurrentX, 300.0f);
+    QCOMPARE(q.S.CurrentY, 400.0f);
+}
+
+void TestSuperficie::riquadro_vuoto_ha_bordo_e_lascia_l_interno() {
+    Quadro q;
+    q.S.FillStyle = 1;
+    q.S.Box(1500, 1500, 4500, 3000, Rosso);
+    QCOMPARE(q.Bitmap(1500, 2000), Rosso);
+    QCOMPARE(q.Bitmap(4500, 2000), Rosso);
+    QCOMPARE(q.Bitmap(3000, 1500), Rosso);
+    QCOMPARE(q.Bitmap(3000, 3000), Rosso);
+    QCOMPARE(q.Bitmap(3000, 2250), Sfondo);
+    QCOMPARE(q.Bitmap(6000, 2250), Sfondo);
+}
+
+void TestSuperficie::riquadro_pieno_ha_interno_fillcolor_e_bordo_del_colore() {
+    Quadro q;
+    q.S.FillStyle = 0;
+    q.S.FillColor = Verde;
+    q.S.DrawWidth = 3;
+    q.S.Box(4500, 3000, 1500, 1500, Rosso); // corners in any order
+    QCOMPARE(q.Bitmap(1500, 2000), Rosso);
+    QCOMPARE(q.Bitmap(4500, 2000), Rosso);
+    QCOMPARE(q.Bitmap(3000, 1500), Rosso);
+    QCOMPARE(q.Bitmap(3000, 2250), Verde);
+    QCOMPARE(q.Bitmap(1560, 1560), Verde);
+    QCOMPARE(q.Bitmap(6000, 2250), Sfondo);
+}
+
+void TestSuperficie::riempimento_resta_da_un_operazione_all_altra() {
+    Quadro q;
+    q.S.FillStyle = 0;
+    q.S.FillColor = Verde;
+    q.S.Box(1500, 1500, 3000, 3000, Rosso);
+    q.S.Box(4500, 1500, 6000, 3000, Blu);
+    QCOMPARE(q.Bitmap(5250, 2250), Verde);
+    q.S.Circle(9000, 3000, 750, Blu);
+    QCOMPARE(q.Bitmap(9000, 3000), Verde);
+}
+
+void TestSuperficie::cerchio_con_aspetto_sopra_uno_usa_il_raggio_in_verticale() {
+    Quadro q;
+    // Radius 1500 twips (100 px) with aspect 2: 100 px high, 50 px wide.
+    q.S.Circle(7500, 4500, 1500, Rosso, 2.0f);
+    const QImage& img = q.S.Immagine();
+    QCOMPARE(Colore(img, 500, 200), Rosso);
+    QCOMPARE(Colore(img, 500, 400), Rosso);
+    QCOMPARE(Colore(img, 450, 300), Rosso);
+    QCOMPARE(Colore(img, 550, 300), Rosso);
+    QCOMPARE(Colore(img, 400, 300), Sfondo);
+    QCOMPARE(Colore(img, 600, 300), Sfondo);
+    QCOMPARE(Colore(img, 500, 300), Sfondo);
+}
+
+void TestSuperficie::cerchio_con_aspetto_sotto_uno_usa_il_raggio_in_orizzontale() {
+    Quadro q;
+    q.S.Circle(7500, 4500, 1500, Rosso, 0.5f);
+    const QImage& img = q.S.Immagine();
+    QCOMPARE(Colore(img, 400, 300), Rosso);
+    QCOMPARE(Colore(img, 600, 300), Rosso);
+    QCOMPARE(Colore(img, 500, 250), Rosso);
+    QCOMPARE(Colore(img, 500, 350), Rosso);
+    QCOMPARE(Colore(img, 500, 200), Sfondo);
+}
+
+void TestSuperficie::cerchio_pieno_ha_interno_fillcolor() {
+    Quadro q;
+    q.S.FillStyle = 0;
+    q.S.FillColor = Verde;
+    q.S.Circle(7500, 4500, 1500, Rosso);
+    QCOMPARE(q.Bitmap(7500, 4500), Verde);
+    QCOMPARE(q.Bitmap(9000, 4500), Rosso);
+    QCOMPARE(q.Bitmap(9300, 4500), Sfondo);
+}
+
+void TestSuperficie::cerchio_e_arco_spessi_coprono_la_larghezza_della_penna() {
+    Quadro q;
+    q.S.DrawWidth = 5;
+    q.S.FillStyle = 0;
+    q.S.FillColor = Verde;
+    q.S.Circle(4500, 4500, 1500, Rosso); // 100 px round (300, 300)
+    const QImage& img = q.S.Immagine();
+    for (int d = -2; d <= 2; ++d) {
+        QCOMPARE(Colore(img, 400 + d, 300), Rosso);
+        QCOMPARE(Colore(img, 300, 200 + d), Rosso);
+    }
+    QCOMPARE(Colore(img, 396, 300), Verde);
+    QCOMPARE(Colore(img, 404, 300), Sfondo);
+    q.S.Circle(10500, 4500, 1500, Blu, 0.0f, 2.0f); // 100 px round (700, 300)
+    for (int d = -2; d <= 2; ++d)
+        QCOMPARE(Colore(img, 800 + d, 301), Blu);
+    QCOMPARE(Colore(img, 804, 301), Sfondo);
+    QCOMPARE(Colore(img, 796, 301), Sfondo); // an open arc is never filled
+    QCOMPARE(Colore(img, 700, 404), Sfondo); // nor drawn past its end
+}
+
+void TestSuperficie::arco_da_zero_a_due_radianti_ha_pixel_solo_sul_suo_tratto() {
+    Quadro q;
+    const double r = 3000; // 200 px
+    q.S.Circle(7500, 5000, float(r), Rosso, 0.0f, 2.0f);
+    auto sulPercorso = [&](double angolo) {
+        return Vicino(q.S.Immagine(), 7500 + r * std::cos(angolo), 5000 - r * std::sin(angolo),
+                      Rosso);
+    };
+    for (const double a : {0.05, 0.5, 1.0, 1.5, 1.95})
+        QVERIFY(sulPercorso(a));
+    for (const double a : {2.1, 3.0, 4.0, 5.0, 6.0, 6.2})
+        QVERIFY(!sulPercorso(a));
+    QCOMPARE(q.Bitmap(7500, 5000), Sfondo);
+}
+
+void TestSuperficie::arco_con_inizio_uguale_alla_fine_e_un_giro_intero() {
+    Quadro q;
+    const double r = 3000;
+    q.S.Circle(7500, 5000, float(r), Rosso, 1.0f, 1.0f);
+    for (const double a : {0.0, 1.0, 2.5, 4.0, 5.5})
+        QVERIFY(Vicino(q.S.Immagine(), 7500 + r * std::cos(a), 5000 - r * std::sin(a), Rosso));
+}
+
+void TestSuperficie::arco_con_angolo_oltre_un_giro_e_errore_5() {
+    Quadro q;
+    try {
+        q.S.Circle(7500, 5000, 1000, Rosso, 0.0f, 7.0f);
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 5);
+    }
+    QCOMPARE(ContaColore(q.S.Immagine(), Rosso), 0);
+}
+
+void TestSuperficie::niente_sfumature_sui_bordi() {
+    Quadro q;
+    q.S.DrawWidth = 3;
+    q.S.Line(300, 300, 9000, 7000, Rosso);
+    q.S.Circle(7000, 5000, 2222, Rosso, 0.6f);
+    q.S.Circle(7000, 5000, 3333, Rosso, 0.3f, 4.0f, 1.7f);
+    q.S.FontName = QStringLiteral("Times New Roman");
+    q.S.FontSize = 20;
+    q.S.CurrentX = 1000;
+    q.S.CurrentY = 8000;
+    q.S.ForeColor = Rosso;
+    q.S.Print(QStringLiteral("Sole e luna"));
+    QSet<QRgb> colori;
+    const QImage& img = q.S.Immagine();
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            colori.insert(img.pixel(x, y));
+    QCOMPARE(colori.size(), 2);
+}
+
+void TestSuperficie::print_scrive_nel_forecolor_e_va_a_capo() {
+    Quadro q;
+    q.S.FontName = QStringLiteral("Arial");
+    q.S.FontSize = 24;
+    q.S.ForeColor = Blu;
+    q.S.CurrentX = 1500;
+    q.S.CurrentY = 1500;
+    const float altezza = q.S.TextHeight(QStringLiteral("MMM"));
+    q.S.Print(QStringLiteral("MMM"));
+    QCOMPARE(q.S.CurrentX, 0.0f);
+    QCOMPARE(q.S.CurrentY, 1500 + altezza);
+    int inchiostro = 0;
+    for (int y = 100; y < 100 + Px(altezza); ++y)
+        for (int x = 100; x < 100 + Px(q.S.TextWidth(QStringLiteral("MMM"))); ++x)
+            if (Colore(q.S.Immagine(), x, y) == Blu) ++inchiostro;
+    QVERIFY(inchiostro > 50);
+    QCOMPARE(ContaColore(q.S.Immagine(), Blu), inchiostro);
+}
+
+void TestSuperficie::print_di_una_riga_col_ritorno_a_capo_avanza_una_volta_sola() {
+    Quadro q;
+    q.S.FontSize = 12;
+    q.S.CurrentY = 300;
+    q.S.Print(QStringLiteral("uno\r"));
+    QCOMPARE(q.S.CurrentY, 300 + q.S.TextHeight(QStringLiteral("uno")));
+}
+
+void TestSuperficie::misure_del_testo_seguono_il_font_a_96_dpi() {
+    Quadro q;
+    q.S.FontName = QStringLiteral("Times New Roman");
+    q.S.FontSize = 12;
+    const float piccola = q.S.TextHeight(QStringLiteral("A"));
+    // 12 points at 96 dpi is 16 pixels of em, a line a little more.
+    QVERIFY(piccola >= 16 * 15.0f);
+    QVERIFY(piccola <= 22 * 15.0f);
+    q.S.FontSize = 24;
+    const float grande = q.S.TextHeight(QStringLiteral("A"));
+    QVERIFY(grande > 1.7f * piccola);
+    QVERIFY(q.S.TextWidth(QStringLiteral("AAAA")) > q.S.TextWidth(QStringLiteral("AA")));
+    QCOMPARE(q.S.TextHeight(QStringLiteral("a\rb")), 2 * grande);
+    QCOMPARE(q.S.TextHeight(QStringLiteral("riga\r")), grande);
+}
+
+void TestSuperficie::paintpicture_stira_l_immagine_nel_riquadro() {
+    Quadro q;
+    QImage immagine(2, 2, QImage::Format_RGB32);
+    immagine.setPixel(0, 0, qRgb(255, 0, 0));
+    immagine.setPixel(1, 0, qRgb(0, 255, 0));
+    immagine.setPixel(0, 1, qRgb(0, 0, 255));
+    immagine.setPixel(1, 1, qRgb(255, 255, 255));
+    // 100 x 60 px from (100, 50) px.
+    q.S.PaintPicture(immagine, 1500, 750, 1500, 900);
+    QCOMPARE(q.Bitmap(1500 + 15 * 10, 750 + 15 * 10), Rosso);
+    QCOMPARE(q.Bitmap(1500 + 15 * 90, 750 + 15 * 10), Verde);
+    QCOMPARE(q.Bitmap(1500 + 15 * 10, 750 + 15 * 50), Blu);
+    QCOMPARE(q.Bitmap(1500 + 15 * 90, 750 + 15 * 50), 0xFFFFFF);
+    QCOMPARE(q.Bitmap(1500 - 15 * 2, 750 + 15 * 10), Sfondo);
+    QCOMPARE(q.Bitmap(1500 + 15 * 102, 750 + 15 * 10), Sfondo);
+    QCOMPARE(q.Bitmap(1500 + 15 * 10, 750 + 15 * 62), Sfondo);
+}
+
+void TestSuperficie::loadpicture_di_file_assente_e_errore_53() {
+    AmbienteProva amb;
+    try {
+        Superficie::LoadPicture(amb.Radice() + QStringLiteral("/manca.jpg"));
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 53);
+    }
+}
+
+void TestSuperficie::loadpicture_di_file_che_non_e_immagine_e_errore_481() {
+    AmbienteProva amb;
+    const QString percorso = amb.Radice() + QStringLiteral("/finta.jpg");
+    QFile file(percorso);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("non sono una figura");
+    file.close();
+    try {
+        Superficie::LoadPicture(percorso);
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 481);
+    }
+}
+
+void TestSuperficie::point_legge_il_colore_e_fuori_da_meno_uno() {
+    Quadro q;
+    q.S.Line(1500, 1500, 3000, 1500, Rosso);
+    QCOMPARE(q.S.Point(2000, 1500), Rosso);
+    QCOMPARE(q.S.Point(2000, 3000), Sfondo);
+    QCOMPARE(q.S.Point(-100, 1500), -1);
+    QCOMPARE(q.S.Point(2000, 20000), -1);
+    // With the keep switch off the point is read where drawing goes: the screen.
+    q.S.AutoRedraw = false;
+    q.S.Line(1500, 4500, 3000, 4500, Verde);
+    QCOMPARE(q.S.Point(2000, 4500), Verde);
+    QCOMPARE(q.S.Point(2000, 1500), Sfondo); // not refreshed yet
+}
+
+void TestSuperficie::cls_pulisce_allo_sfondo_e_azzera_il_cursore() {
+    Quadro q;
+    q.S.Line(1500, 1500, 3000, 1500, Rosso);
+    q.S.Cls();
+    QCOMPARE(q.Bitmap(2000, 1500), Sfondo);
+    QCOMPARE(q.S.CurrentX, 0.0f);
+    QCOMPARE(q.S.CurrentY, 0.0f);
+    q.S.Line(1500, 1500, 3000, 1500, Rosso);
+    q.S.ImmagineVuota();
+    QCOMPARE(q.Bitmap(2000, 1500), Sfondo);
+    QCOMPARE(Colore(q.S.Schermo(), 130, 100), Sfondo);
+}
+
+void TestSuperficie::cambio_di_sfondo_pulisce_il_bitmap() {
+    Quadro q;
+    q.S.Line(1500, 1500, 3000, 1500, Rosso);
+    q.S.ImpostaBackColor(Verde);
+    QCOMPARE(q.S.BackColor(), Verde);
+    QCOMPARE(q.Bitmap(2000, 1500), Verde);
+    QCOMPARE(ContaColore(q.S.Schermo(), Verde), 943 * 667);
+}
+
+void TestSuperficie::scala_utente_e_scala_in_pixel() {
+    Quadro q;
+    q.S.Scale(-100, -50, 100, 50);
+    QCOMPARE(q.S.ScaleMode(), ScalaUtente);
+    QCOMPARE(q.S.ScaleLeft(), -100.0f);
+    QCOMPARE(q.S.ScaleWidth(), 200.0f);
+    QCOMPARE(q.S.PuntoPixelX(0), 472);
+    q.S.Line(-100, 0, 100, 0, Rosso);
+    QCOMPARE(Colore(q.S.Immagine(), 300, 334), Rosso);
+    q.S.ImpostaScaleMode(ScalaPixel);
+    QCOMPARE(q.S.ScaleWidth(), 943.0f);
+    QCOMPARE(q.S.ScaleLeft(), 0.0f);
+    QCOMPARE(q.S.PuntoPixelX(17), 17);
+    q.S.ImpostaScaleMode(ScalaTwips);
+    QCOMPARE(q.S.ScaleWidth(), 14145.0f);
+}
+
+void TestSuperficie::immagine_salvata_come_bmp_si_rilegge_uguale() {
+    AmbienteProva amb;
+    Quadro q;
+    q.S.FillStyle = 0;
+    q.S.FillColor = Verde;
+    q.S.Box(1500, 1500, 4500, 3000, Rosso);
+    const QString percorso = amb.Radice() + QStringLiteral("/prova.bmp");
+    q.S.SalvaImmagine(percorso);
+    QImageReader lettore(percorso);
+    QCOMPARE(lettore.format(), QByteArray("bmp"));
+    const QImage letta = lettore.read();
+    QCOMPARE(letta.size(), QSize(943, 667));
+    QCOMPARE(Colore(letta, 200, 150), Verde);
+    QCOMPARE(Colore(letta, 100, 150), Rosso);
+    QCOMPARE(Colore(letta, 600, 500), Sfondo);
+}
+
+QTEST_MAIN(TestSuperficie)
+#include "test_superficie.moc"

@@ -1,0 +1,577 @@
+// Replay: each action type drawn from its record, checked by probing pixels,
+// the range, the state the surface keeps, and a picture that cannot be read.
+
+#include "archive/Archivi.h"
+#include "model/Paint.h"
+#include "model/RecordAzione.h"
+#include "model/Superficie.h"
+#include "model/TracciaAzioni.h"
+#include "start/Utilita.h"
+#include "support/AmbienteProva.h"
+
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+constexpr int32_t Sfondo = 0xC0C0C0;
+constexpr int32_t Rosso = 0x0000FF;
+constexpr int32_t Verde = 0x00FF00;
+constexpr int32_t Blu = 0xFF0000;
+constexpr int32_t Giallo = 0x00FFFF;
+
+int32_t Colore(const QImage& img, int x, int y) {
+    const QRgb c = img.pixel(x, y);
+    return qRed(c) | (qGreen(c) << 8) | (qBlue(c) << 16);
+}
+
+int Px(double twips) {
+    return static_cast<int>(std::lrint(twips / 15.0));
+}
+
+bool Vicino(const QImage& img, double xTwips, double yTwips, int32_t colore) {
+    for (int dy = -1; dy <= 1; ++dy)
+        for (int dx = -1; dx <= 1; ++dx)
+            if (Colore(img, Px(xTwips) + dx, Px(yTwips) + dy) == colore) return true;
+    return false;
+}
+
+int ContaColore(const QImage& img, int32_t colore) {
+    int n = 0;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            if (Colore(img, x, y) == colore) ++n;
+    return n;
+}
+
+RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colore,
+                   int32_t spessore = 1) {
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Linea;
+    a.XInizio = x1;
+    a.YInizio = y1;
+    a.XFine = x2;
+    a.YFine = y2;
+    a.ColLinea = colore;
+    a.SpessLinea = spessore;
+    return a;
+}
+
+RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t flag,
+                        int32_t linea = Rosso, int32_t zona = Verde) {
+    RecordAzione a = Linea(x1, y1, x2, y2, linea, 1);
+    a.TipoAzione = TipiAzione::Rettangolo;
+    a.FlagPienoVuoto = flag;
+    a.ColZona = zona;
+    return a;
+}
+
+RecordAzione Ellisse(float xc, float yc, float rv, float ro, int32_t flag) {
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Ellisse;
+    a.XCentro = xc;
+    a.YCentro = yc;
+    a.RaggioVert = rv;
+    a.RaggioOriz = ro;
+    a.ColLinea = Rosso;
+    a.ColZona = Verde;
+    a.FlagPienoVuoto = flag;
+    a.SpessLinea = 1;
+    return a;
+}
+
+RecordAzione Arco(float xc, float yc, float rv, float ro, float inizio, float fine) {
+    RecordAzione a = Ellisse(xc, yc, rv, ro, 0);
+    a.TipoAzione = TipiAzione::Arco;
+    a.RadIniz = inizio;
+    a.RadFine = fine;
+    return a;
+}
+
+RecordAzione Colorazione(float x, float y, int32_t zona, int32_t flag = FlagPieno,
+                         int32_t linea = Rosso) {
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Colorazione;
+    a.XCentro = x;
+    a.YCentro = y;
+    a.ColLinea = linea;
+    a.ColZona = zona;
+    a.FlagPienoVuoto = flag;
+    return a;
+}
+
+RecordAzione Testo(const QString& testo, int16_t interlinea) {
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Testo;
+    a.XInizio = 1500;
+    a.YInizio = 1500;
+    a.XFine = 9000;
+    a.YFine = 6000;
+    a.ColLinea = Blu;
+    a.InterlineaTesto = interlinea;
+    a.Testo = testo;
+    a.NomeFont = QStringLiteral("Arial");
+    a.SizeFont = 24;
+    a.Corsivo = 2;
+    a.Grassetto = 2;
+    a.SpessLinea = 1;
+    return a;
+}
+
+struct Quadro {
+    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
+    Quadro() { S.ImpostaBackColor(Sfondo); }
+    int32_t Bitmap(double xTwips, double yTwips) const {
+        return Colore(S.Immagine(), Px(xTwips), Px(yTwips));
+    }
+    // The whole of Azioni, as a full redraw asks for it.
+    void Traccia(const QList<RecordAzione>& azioni) {
+        Azioni = QList<RecordAzione>{RecordAzione{}} + azioni;
+        NumeroAzioni = int32_t(azioni.size());
+        PrimaAzioneTraccia = 1;
+        UltimaAzioneTraccia = int16_t(NumeroAzioni);
+        TracciaAzioni(S);
+    }
+};
+
+// The first row of each band of rows that hold ink of `colore`.
+QList<int> InizioBande(const QImage& img, int32_t colore) {
+    QList<int> inizi;
+    bool inBanda = false;
+    for (int y = 0; y < img.height(); ++y) {
+        bool inchiostro = false;
+        for (int x = 0; x < img.width() && !inchiostro; ++x)
+            inchiostro = Colore(img, x, y) == colore;
+        if (inchiostro && !inBanda) inizi.append(y);
+        inBanda = inchiostro;
+    }
+    return inizi;
+}
+
+} // namespace
+
+class TestTracciaAzioni : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { RipristinaGlobali(); }
+    void cleanup() { RipristinaGlobali(); }
+
+    void linea_ha_il_colore_e_lo_spessore_del_record();
+    void rettangolo_pieno_ha_interno_colzona_e_bordo_collinea();
+    void rettangolo_vuoto_lascia_vedere_quello_che_c_e_sotto();
+    void rettangolo_con_flag_zero_tiene_il_riempimento_di_prima();
+    void ellisse_con_aspetto_sopra_uno_prende_il_raggio_verticale();
+    void ellisse_piena_ha_interno_colzona();
+    void arco_con_raggi_uguali_e_un_cerchio();
+    void arco_da_zero_a_due_radianti_ha_pixel_solo_sul_suo_tratto();
+    void arco_non_tocca_lo_stato_di_riempimento();
+    void arco_con_raggio_orizzontale_zero_e_divisione_per_zero();
+    void colorazione_con_flag_2_riempie_la_zona();
+    void tondino_di_50_twips_ha_colzona_dentro_e_collinea_intorno();
+    void colorazione_con_flag_diverso_da_2_e_un_tondino();
+    void colorazione_si_ferma_a_ogni_colore_e_corre_sullo_sfondo();
+    void due_colorazioni_nello_stesso_punto();
+    void colorazione_prima_della_forma_che_la_chiude_si_estende_di_piu();
+    void colorazione_lascia_il_riempimento_trasparente();
+    void testo_di_tre_righe_con_interlinea_18();
+    void interlinea_si_aggiunge_al_passo_naturale_della_riga();
+    void corsivo_e_grassetto_secondo_i_codici();
+    void testo_con_resto_di_soli_spazi_non_stampa_altre_righe();
+    void immagine_stirata_nel_suo_riquadro();
+    void immagine_che_non_si_legge_ferma_la_traccia_con_errore();
+    void codici_fuori_da_1_a_7_non_disegnano();
+    void intervallo_vuoto_non_disegna();
+    void azioni_vuote_non_disegnano();
+    void si_traccia_solo_l_intervallo_chiesto();
+    void traccia_lascia_la_conservazione_spenta_e_lo_schermo_aggiornato();
+    void indice_oltre_la_lista_e_errore_9();
+    void lista_propria_di_un_pannello();
+};
+
+void TestTracciaAzioni::linea_ha_il_colore_e_lo_spessore_del_record() {
+    Quadro q;
+    q.Traccia({Linea(1500, 3000, 9000, 3000, Blu, 5), Linea(1500, 6000, 9000, 6000, Rosso, 1)});
+    for (int dy = -2; dy <= 2; ++dy)
+        QCOMPARE(Colore(q.S.Immagine(), 300, 200 + dy), Blu);
+    QCOMPARE(Colore(q.S.Immagine(), 300, 196), Sfondo);
+    QCOMPARE(Colore(q.S.Immagine(), 300, 204), Sfondo);
+    QCOMPARE(Colore(q.S.Immagine(), 300, 400), Rosso);
+    QCOMPARE(Colore(q.S.Immagine(), 300, 401), Sfondo);
+    QCOMPARE(q.S.DrawWidth, int16_t(1));
+}
+
+void TestTracciaAzioni::rettangolo_pieno_ha_interno_colzona_e_bordo_collinea() {
+    Quadro q;
+    q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagPieno)});
+    QCOMPARE(q.Bitmap(3000, 3000), Verde);
+    QCOMPARE(q.Bitmap(1500, 3000), Rosso);
+    QCOMPARE(q.Bitmap(4500, 3000), Rosso);
+    QCOMPARE(q.Bitmap(3000, 1500), Rosso);
+    QCOMPARE(q.Bitmap(3000, 4500), Rosso);
+    QCOMPARE(q.Bitmap(6000, 3000), Sfondo);
+}
+
+void TestTracciaAzioni::rettangolo_vuoto_lascia_vedere_quello_che_c_e_sotto() {
+    Quadro q;
+    q.Traccia({Linea(0, 3000, 9000, 3000, Blu), Rettangolo(1500, 1500, 4500, 4500, FlagVuoto)});
+    QCOMPARE(q.Bitmap(3000, 2000), Sfondo);
+    QCOMPARE(q.Bitmap(3000, 3000), Blu);
+    QCOMPARE(q.Bitmap(1500, 2000), Rosso);
+}
+
+void TestTracciaAzioni::rettangolo_con_flag_zero_tiene_il_riempimento_di_prima() {
+    Quadro q;
+    RecordAzione senzaFlag = Rettangolo(6000, 1500, 9000, 4500, 0, Blu, Giallo);
+    q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagPieno), senzaFlag});
+    // The full box before it left FillStyle 0 and FillColor green.
+    QCOMPARE(q.Bitmap(7500, 3000), Verde);
+    QCOMPARE(q.Bitmap(6000, 3000), Blu);
+    Quadro vuoto;
+    vuoto.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagVuoto), senzaFlag});
+    QCOMPARE(vuoto.Bitmap(7500, 3000), Sfondo);
+}
+
+void TestTracciaAzioni::ellisse_con_aspetto_sopra_uno_prende_il_raggio_verticale() {
+    Quadro q;
+    // Vertical radius 1500 (100 px), horizontal 750 (50 px).
+    q.Traccia({Ellisse(7500, 4500, 1500, 750, FlagVuoto)});
+    const QImage& img = q.S.Immagine();
+    QVERIFY(Vicino(img, 7500, 3000, Rosso));
+    QVERIFY(Vicino(img, 7500, 6000, Rosso));
+    QVERIFY(Vicino(img, 6750, 4500, Rosso));
+    QVERIFY(Vicino(img, 8250, 4500, Rosso));
+    QCOMPARE(q.Bitmap(6000, 4500), Sfondo);
+    QCOMPARE(q.Bitmap(7500, 2700), Sfondo);
+    QCOMPARE(q.Bitmap(7500, 4500), Sfondo);
+}
+
+void TestTracciaAzioni::ellisse_piena_ha_interno_colzona() {
+    Quadro q;
+    q.Traccia({Ellisse(7500, 4500, 750, 1500, FlagPieno)});
+    QCOMPARE(q.Bitmap(7500, 4500), Verde);
+    QCOMPARE(q.Bitmap(6200, 4500), Verde);
+    QVERIFY(Vicino(q.S.Immagine(), 6000, 4500, Rosso));
+    QCOMPARE(q.Bitmap(7500, 3500), Sfondo);
+}
+
+void TestTracciaAzioni::arco_con_raggi_uguali_e_un_cerchio() {
+    Quadro q;
+    q.Traccia({Arco(7500, 4500, 1500, 1500, 0.0f, 3.0f)});
+    const QImage& img = q.S.Immagine();
+    for (const double a : {0.1, 0.8, 1.5, 2.2, 2.9})
+        QVERIFY(Vicino(img, 7500 + 1500 * std::cos(a), 4500 - 1500 * std::sin(a), Rosso));
+}
+
+void TestTracciaAzioni::arco_da_zero_a_due_radianti_ha_pixel_solo_sul_suo_tratto() {
+    Quadro q;
+    q.Traccia({Arco(7500, 5000, 2000, 3000, Predefiniti::RadIniz, Predefiniti::RadFine)});
+    const QImage& img = q.S.Immagine();
+    auto punto = [](double a) {
+        return QPointF(7500 + 3000 * std::cos(a), 5000 - 2000 * std::sin(a));
+    };
+    for (const double a : {0.05, 0.7, 1.3, 1.95}) {
+        const QPointF p = punto(a);
+        QVERIFY(Vicino(img, p.x(), p.y(), Rosso));
+    }
+    for (const double a : {2.15, 3.0, 4.0, 5.0, 6.1}) {
+        const QPointF p = punto(a);
+        QVERIFY(!Vicino(img, p.x(), p.y(), Rosso));
+    }
+}
+
+void TestTracciaAzioni::arco_non_tocca_lo_stato_di_riempimento() {
+    Quadro q;
+    q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagPieno), Arco(9000, 4500, 900, 900, 0, 2)});
+    QCOMPARE(q.S.FillStyle, int16_t(0));
+    QCOMPARE(q.S.FillColor, Verde);
+    // An open arc is never filled, whatever the fill state.
+    QCOMPARE(q.Bitmap(9300, 4300), Sfondo);
+}
+
+void TestTracciaAzioni::arco_con_raggio_orizzontale_zero_e_divisione_per_zero() {
+    AmbienteProva amb;
+    Quadro q;
+    q.Traccia({Arco(7500, 4500, 1500, 0, 0, 2), Linea(0, 3000, 9000, 3000, Blu)});
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 11/3210")));
+    QCOMPARE(ContaColore(q.S.Immagine(), Blu), 0);
+    Quadro nulla;
+    nulla.Traccia({Arco(7500, 4500, 0, 0, 0, 2)});
+    QCOMPARE(amb.Scatole.size(), 2);
+    QVERIFY(amb.Scatole[1].Testo.startsWith(QStringLiteral("ERRORE 6/3210")));
+}
+
+void TestTracciaAzioni::colorazione_con_flag_2_riempie_la_zona() {
+    Quadro q;
+    q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagVuoto), Colorazione(3000, 3000, Giallo)});
+    QCOMPARE(q.Bitmap(3000, 3000), Giallo);
+    QCOMPARE(q.Bitmap(1600, 4400), Giallo);
+    QCOMPARE(q.Bitmap(1500, 3000), Rosso);
+    QCOMPARE(q.Bitmap(6000, 3000), Sfondo);
+}
+
+void TestTracciaAzioni::tondino_di_50_twips_ha_colzona_dentro_e_collinea_intorno() {
+    Quadro q;
+    q.Traccia({Colorazione(7500, 4500, Giallo, FlagVuoto, Blu)});
+    const QImage& img = q.S.Immagine();
+    QCOMPARE(q.Bitmap(7500, 4500), Giallo);
+    QCOMPARE(Colore(img, 501, 300), Giallo);
+    // 50 twips is a little over 3 pixels: the ring lies there.
+    QVERIFY(Vicino(img, 7500 + 50, 4500, Blu));
+    QVERIFY(Vicino(img, 7500, 4500 - 50, Blu));
+    QCOMPARE(Colore(img, 500 + 6, 300), Sfondo);
+    QCOMPARE(Colore(img, 500, 300 - 6), Sfondo);
+    // The whole dot fits in a box of 9 pixels.
+    const int dot = ContaColore(img, Giallo) + ContaColore(img, Blu);
+    QVERIFY(dot >= 25);
+    QVERIFY(dot <= 81);
+    QCOMPARE(q.S.DrawWidth, int16_t(1));
+}
+
+void TestTracciaAzioni::colorazione_con_flag_diverso_da_2_e_un_tondino() {
+    for (const int32_t flag : {0, 1, 3, 7}) {
+        Quadro q;
+        q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagVuoto),
+                   Colorazione(3000, 3000, Giallo, flag, Blu)});
+        QCOMPARE(q.Bitmap(3000, 3000), Giallo);
+        QCOMPARE(q.Bitmap(2000, 2000), Sfondo);
+        QVERIFY(Vicino(q.S.Immagine(), 3050, 3000, Blu));
+    }
+}
+
+void TestTracciaAzioni::colorazione_si_ferma_a_ogni_colore_e_corre_sullo_sfondo() {
+    Quadro q;
+    q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagPieno, Rosso, Verde),
+               Ellisse(9000, 6000, 1500, 1500, FlagVuoto), Colorazione(12000, 1000, Giallo)});
+    QCOMPARE(q.Bitmap(12000, 1000), Giallo);
+    QCOMPARE(q.Bitmap(6000, 8000), Giallo);
+    QCOMPARE(q.Bitmap(3000, 3000), Verde);
+    QCOMPARE(q.Bitmap(9000, 6000), Sfondo);
+    QCOMPARE(q.Bitmap(1500, 3000), Rosso);
+}
+
+void TestTracciaAzioni::due_colorazioni_nello_stesso_punto() {
+    Quadro q;
+    q.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagVuoto), Colorazione(3000, 3000, Giallo),
+               Colorazione(3000, 3000, Blu)});
+    QCOMPARE(q.Bitmap(3000, 3000), Blu);
+    QCOMPARE(q.Bitmap(1600, 1600), Blu);
+    QCOMPARE(ContaColore(q.S.Immagine(), Giallo), 0);
+}
+
+void TestTracciaAzioni::colorazione_prima_della_forma_che_la_chiude_si_estende_di_piu() {
+    Quadro prima;
+    prima.Traccia({Colorazione(3000, 3000, Giallo), Rettangolo(1500, 1500, 4500, 4500, FlagVuoto)});
+    Quadro dopo;
+    dopo.Traccia({Rettangolo(1500, 1500, 4500, 4500, FlagVuoto), Colorazione(3000, 3000, Giallo)});
+    QCOMPARE(prima.Bitmap(3000, 3000), Giallo);
+    QCOMPARE(dopo.Bitmap(3000, 3000), Giallo);
+    QCOMPARE(prima.Bitmap(9000, 8000), Giallo);
+    QCOMPARE(dopo.Bitmap(9000, 8000), Sfondo);
+    QVERIFY(ContaColore(prima.S.Immagine(), Giallo) > 10 * ContaColore(dopo.S.Immagine(), Giallo));
+}
+
+void TestTracciaAzioni::colorazione_lascia_il_riempimento_trasparente() {
+    Quadro q;
+    q.Traccia({Colorazione(3000, 3000, Giallo, FlagPieno, Blu)});
+    QCOMPARE(q.S.FillStyle, int16_t(1));
+    QCOMPARE(q.S.FillColor, Giallo);
+    QCOMPARE(q.S.ForeColor, Blu);
+    QVERIFY(OggettoPaint);
+    QCOMPARE(OggettoPaint->Device(), &q.S);
+}
+
+void TestTracciaAzioni::testo_di_tre_righe_con_interlinea_18() {
+    Quadro q;
+    const QString cr(QChar(u'\r'));
+    q.Traccia({Testo(
+        QStringLiteral("HHH") + cr + QStringLiteral("HHH") + cr + QStringLiteral("HHH"), 18)});
+    Superficie misura(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    misura.FontName = QStringLiteral("Arial");
+    misura.FontSize = 24;
+    const float altezza = misura.TextHeight(QStringLiteral("HHH"));
+    const QList<int> bande = InizioBande(q.S.Immagine(), Blu);
+    QCOMPARE(bande.size(), 3);
+    // Each line starts where the previous print left the cursor, plus 18 twips.
+    QCOMPARE(bande[1] - bande[0], Px(1500 + altezza + 18) - Px(1500));
+    QCOMPARE(bande[2] - bande[0], Px(1500 + 2 * (altezza + 18)) - Px(1500));
+    QCOMPARE(q.S.CurrentY, 1500 + 3 * altezza + 2 * 18);
+    QCOMPARE(q.S.CurrentX, 0.0f);
+    QCOMPARE(NumeroRigheTesto, int16_t(3));
+    QCOMPARE(RigheTesto[1], QStringLiteral("HHH") + cr);
+}
+
+void TestTracciaAzioni::interlinea_si_aggiunge_al_passo_naturale_della_riga() {
+    const QString testo = QStringLiteral("HHH\rHHH");
+    Quadro senza;
+    senza.Traccia({Testo(testo, 0)});
+    Quadro con;
+    con.Traccia({Testo(testo, 150)});
+    const QList<int> a = InizioBande(senza.S.Immagine(), Blu);
+    const QList<int> b = InizioBande(con.S.Immagine(), Blu);
+    QCOMPARE(a.size(), 2);
+    QCOMPARE(b.size(), 2);
+    QCOMPARE(a[0], b[0]);
+    QCOMPARE((b[1] - b[0]) - (a[1] - a[0]), 10);
+}
+
+void TestTracciaAzioni::corsivo_e_grassetto_secondo_i_codici() {
+    Quadro q;
+    RecordAzione t = Testo(QStringLiteral("x"), 18);
+    t.Corsivo = 1;
+    t.Grassetto = 1;
+    t.NomeFont = QStringLiteral("Times New Roman");
+    t.SizeFont = 14;
+    q.Traccia({t});
+    QVERIFY(q.S.FontItalic);
+    QVERIFY(q.S.FontBold);
+    QCOMPARE(q.S.FontName, QStringLiteral("Times New Roman"));
+    QCOMPARE(q.S.FontSize, 14.0f);
+    // 0 leaves the surface as it was.
+    t.Corsivo = 0;
+    t.Grassetto = 0;
+    q.Traccia({t});
+    QVERIFY(q.S.FontItalic);
+    QVERIFY(q.S.FontBold);
+    t.Corsivo = 2;
+    t.Grassetto = 2;
+    q.Traccia({t});
+    QVERIFY(!q.S.FontItalic);
+    QVERIFY(!q.S.FontBold);
+}
+
+void TestTracciaAzioni::testo_con_resto_di_soli_spazi_non_stampa_altre_righe() {
+    Quadro q;
+    q.Traccia({Testo(QStringLiteral("HHH\r   "), 18)});
+    QCOMPARE(NumeroRigheTesto, int16_t(1));
+    QCOMPARE(InizioBande(q.S.Immagine(), Blu).size(), 1);
+}
+
+void TestTracciaAzioni::immagine_stirata_nel_suo_riquadro() {
+    AmbienteProva amb;
+    QImage figura(2, 1, QImage::Format_RGB32);
+    figura.setPixel(0, 0, qRgb(255, 0, 0));
+    figura.setPixel(1, 0, qRgb(0, 0, 255));
+    const QString percorso = PercorsoFile() + QStringLiteral("/figura.png");
+    QVERIFY(figura.save(percorso));
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Immagine;
+    a.XInizio = 1500;
+    a.YInizio = 1500;
+    a.XFine = 7500; // 400 px wide
+    a.YFine = 4500; // 200 px high
+    a.NomeFileImmagine = percorso;
+    a.SpessLinea = 1;
+    Quadro q;
+    q.Traccia({a});
+    QCOMPARE(q.Bitmap(2000, 3000), Rosso);
+    QCOMPARE(q.Bitmap(4400, 4400), Rosso);
+    QCOMPARE(q.Bitmap(4600, 1600), Blu);
+    QCOMPARE(q.Bitmap(7400, 3000), Blu);
+    QCOMPARE(q.Bitmap(7700, 3000), Sfondo);
+    QCOMPARE(q.Bitmap(3000, 4700), Sfondo);
+    QVERIFY(amb.Scatole.isEmpty());
+}
+
+void TestTracciaAzioni::immagine_che_non_si_legge_ferma_la_traccia_con_errore() {
+    AmbienteProva amb;
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Immagine;
+    a.XInizio = 1500;
+    a.YInizio = 1500;
+    a.XFine = 4500;
+    a.YFine = 4500;
+    a.NomeFileImmagine = PercorsoFile() + QStringLiteral("/non c'è.jpg");
+    Quadro q;
+    q.Traccia({Linea(0, 750, 9000, 750, Rosso), a, Linea(0, 6000, 9000, 6000, Blu)});
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("(53/3210)")));
+    QCOMPARE(q.Bitmap(3000, 750), Rosso);
+    QCOMPARE(ContaColore(q.S.Immagine(), Blu), 0);
+    // The keep switch stays on until the next replay ends.
+    QVERIFY(q.S.AutoRedraw);
+}
+
+void TestTracciaAzioni::codici_fuori_da_1_a_7_non_disegnano() {
+    Quadro q;
+    QList<RecordAzione> azioni;
+    for (const int32_t codice : {0, 8, 9, -1, 100}) {
+        RecordAzione a = Rettangolo(1500, 1500, 4500, 4500, FlagPieno);
+        a.TipoAzione = codice;
+        a.XCentro = 3000;
+        a.YCentro = 3000;
+        a.RaggioOriz = 1000;
+        a.RaggioVert = 1000;
+        azioni.append(a);
+    }
+    q.Traccia(azioni);
+    QCOMPARE(ContaColore(q.S.Immagine(), Sfondo), 943 * 667);
+}
+
+void TestTracciaAzioni::intervallo_vuoto_non_disegna() {
+    Quadro q;
+    Azioni = {RecordAzione{}, Linea(0, 750, 9000, 750, Rosso)};
+    NumeroAzioni = 1;
+    PrimaAzioneTraccia = 2;
+    UltimaAzioneTraccia = 1;
+    TracciaAzioni(q.S);
+    QCOMPARE(ContaColore(q.S.Immagine(), Sfondo), 943 * 667);
+    QVERIFY(!q.S.AutoRedraw);
+}
+
+void TestTracciaAzioni::azioni_vuote_non_disegnano() {
+    Quadro q;
+    q.Traccia({});
+    QCOMPARE(ContaColore(q.S.Immagine(), Sfondo), 943 * 667);
+}
+
+void TestTracciaAzioni::si_traccia_solo_l_intervallo_chiesto() {
+    Quadro q;
+    Azioni = {RecordAzione{}, Linea(0, 750, 9000, 750, Rosso), Linea(0, 1500, 9000, 1500, Verde),
+              Linea(0, 2250, 9000, 2250, Blu)};
+    NumeroAzioni = 3;
+    PrimaAzioneTraccia = 2;
+    UltimaAzioneTraccia = 2;
+    TracciaAzioni(q.S);
+    QCOMPARE(ContaColore(q.S.Immagine(), Rosso), 0);
+    QCOMPARE(q.Bitmap(3000, 1500), Verde);
+    QCOMPARE(ContaColore(q.S.Immagine(), Blu), 0);
+}
+
+void TestTracciaAzioni::traccia_lascia_la_conservazione_spenta_e_lo_schermo_aggiornato() {
+    Quadro q;
+    q.Traccia({Linea(0, 750, 9000, 750, Rosso)});
+    QVERIFY(!q.S.AutoRedraw);
+    QCOMPARE(Colore(q.S.Schermo(), 200, 50), Rosso);
+    // An overlay drawn afterwards goes to the screen only.
+    q.S.Line(0, 3000, 9000, 3000, Blu);
+    QCOMPARE(q.Bitmap(3000, 3000), Sfondo);
+}
+
+void TestTracciaAzioni::indice_oltre_la_lista_e_errore_9() {
+    AmbienteProva amb;
+    Quadro q;
+    Azioni = {RecordAzione{}, Linea(0, 750, 9000, 750, Rosso)};
+    NumeroAzioni = 1;
+    PrimaAzioneTraccia = 1;
+    UltimaAzioneTraccia = 2;
+    TracciaAzioni(q.S);
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 9/3210")));
+    QCOMPARE(q.Bitmap(3000, 750), Rosso);
+}
+
+void TestTracciaAzioni::lista_propria_di_un_pannello() {
+    Quadro q;
+    const QList<RecordAzione> propria{RecordAzione{}, Linea(0, 750, 9000, 750, Verde)};
+    PrimaAzioneTraccia = 1;
+    UltimaAzioneTraccia = 1;
+    TracciaAzioni(q.S, propria);
+    QCOMPARE(q.Bitmap(3000, 750), Verde);
+    QCOMPARE(NumeroAzioni, 0);
+}
+
+QTEST_MAIN(TestTracciaAzioni)
+#include "test_traccia_azioni.moc"
