@@ -71,7 +71,8 @@ int main(int argc, char* argv[]) {
     std::vector<double> errori;
     for (size_t i = 1; i < form.Istanti.size(); ++i) {
         const double sosta = static_cast<double>(form.Istanti[i] - form.Istanti[i - 1]) / 1e6;
-        if (qEnvironmentVariableIsSet("ZANTO_BENCH_DETTAGLI")) std::printf("sosta: %.3f ms\n", sosta);
+        if (qEnvironmentVariableIsSet("ZANTO_BENCH_DETTAGLI"))
+            std::printf("sosta: %.3f ms\n", sosta);
         errori.push_back(std::fabs(sosta - 500.0));
     }
     std::sort(errori.begin(), errori.end());

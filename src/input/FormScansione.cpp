@@ -84,6 +84,8 @@ void FormScansione::AggiornaCorone() {
     if (modo == 4 || (modo == 3 && PredefinitoInModo3())) {
         if (TastoZanto* tasto = Tasti.value(corrente)) tasto->Predefinito = true;
     }
+    if (InformaAmbiente && AvvisoComandoAmbiente)
+        if (TastoZanto* tasto = Tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
 }
 
 void FormScansione::RoutineTastoGiu(int codice, int modificatori) {

@@ -7,10 +7,16 @@
 #include <QLabel>
 #include <QMap>
 
+#include <functional>
+
 // What every scanning screen has in common: the engine, FocusFix, the key
 // filter, the buttons with their rings built from a table in twips, and the
 // first activation. Qt's own keyboard habits (Escape closes, Enter fires the
 // default button, buttons take the focus) are switched off here.
+// The drawing screen tells its user what the ring stands on, also while one of
+// its panels is open: it sets this, and the panels that work on it call it.
+inline std::function<void(const QString& suggerimento)> AvvisoComandoAmbiente;
+
 class FormScansione : public QDialog {
 public:
     struct DefinizioneTasto {
@@ -28,6 +34,8 @@ public:
     QMap<int16_t, TastoZanto*> Tasti;
     QMap<int16_t, QLabel*> Corone;
     int16_t TastoMarcato = 0; // 0: no marked button
+    // Does this screen report its ring through AvvisoComandoAmbiente?
+    bool InformaAmbiente = false;
 
     // The front scanning form: the one that gets the keys.
     static FormScansione* InPrimoPiano();

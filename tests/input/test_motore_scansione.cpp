@@ -21,9 +21,9 @@ namespace {
 class FormProva : public FormScansione {
 public:
     FormProva() : FormScansione(101, 103) {
-        CreaTasti({{101, 100, 100, 1000, 500, QStringLiteral("Uno"), {}},
-                   {102, 1300, 100, 1000, 500, QStringLiteral("Due"), {}},
-                   {103, 2500, 100, 1000, 500, QStringLiteral("Tre"), {}}},
+        CreaTasti({{101, 100, 100, 1000, 500, QStringLiteral("Uno"), QStringLiteral("Primo")},
+                   {102, 1300, 100, 1000, 500, QStringLiteral("Due"), QStringLiteral("Secondo")},
+                   {103, 2500, 100, 1000, 500, QStringLiteral("Tre"), QStringLiteral("Terzo")}},
                   60);
         resize(300, 100);
     }
@@ -209,6 +209,23 @@ private slots:
         QVERIFY(PremiTasto(Qt::Key_Return));
         QCOMPARE(form.Premuti, QList<int16_t>{101});
         QCOMPARE(form.Motore.TastoCorrente, int16_t(101));
+    }
+
+    void l_ambiente_di_disegno_sente_dove_sta_l_anello() {
+        ModalitàFunzionamento = 1;
+        QStringList avvisi;
+        AvvisoComandoAmbiente = [&](const QString& s) { avvisi.append(s); };
+        FormProva form;
+        form.InformaAmbiente = true;
+        form.Motore.TastoCorrente = 101;
+        form.show();
+        QCoreApplication::processEvents();
+        orologio->Avanza(2000);
+        QCOMPARE(avvisi, (QStringList{"Primo", "Secondo", "Terzo"}));
+        form.InformaAmbiente = false;
+        orologio->Avanza(1000);
+        QCOMPARE(avvisi.size(), 3);
+        form.Motore.FermaScansione();
     }
 
     void spazio_in_modo_4_non_fa_nulla() {

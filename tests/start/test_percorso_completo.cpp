@@ -28,7 +28,8 @@ private slots:
         auto nota = [&] { giro.append(MenùGeneraleAperto()->Motore.TastoCorrente); };
         Copione c(orologio);
         c.Esegui(nota);
-        for (int i = 0; i < 3; ++i) c.Attendi(1000).Esegui(nota);
+        for (int i = 0; i < 3; ++i)
+            c.Attendi(1000).Esegui(nota);
         c.Tasto(Qt::Key_F12).Attendi(3000).Esegui(nota); // the ring stops where it stands
         c.Tasto(Qt::Key_Right).Esegui(nota).Tasto(Qt::Key_Return);
         c.Avvia();

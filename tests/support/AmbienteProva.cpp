@@ -3,9 +3,11 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/Installatore.h"
+#include "input/FormScansione.h"
 #include "input/QuadroMessaggi.h"
 #include "model/Paint.h"
 #include "model/RecordAzione.h"
+#include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
@@ -46,11 +48,14 @@ void RipristinaGlobali() {
     ElencoFile = QStringList{QString()};
     NumeroFile = 0;
     // input
+    AvvisoComandoAmbiente = nullptr;
     TestoQuadroMessaggi.clear();
     TipoQuadroMessaggi = 0;
     TastoPredefinitoQuadroMessaggi = 0;
     EsitoQuadroMessaggi = 0;
     // model and archive: add their globals here as they come.
+    AzzeraStatoAmbiente();
+    DirezioneScelta = 0;
     Azioni = QList<RecordAzione>{RecordAzione{}};
     NumeroAzioni = 0;
     ElementiAttivi = QList<RecordAzione>{RecordAzione{}};
