@@ -11,6 +11,8 @@
 
 #include <QFile>
 #include <QSaveFile>
+#include <QSqlDriver>
+#include <QSqlError>
 #include <QSqlRecord>
 #include <QVariant>
 
@@ -19,6 +21,8 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -140,6 +144,56 @@ QString NonNullo(const QString& testo) {
     return testo.isNull() ? QString(0, QChar()) : testo;
 }
 
+// SQLite's own handle under a Qt connection, or nullptr for another driver.
+sqlite3* ManigliaSqlite(const QSqlDatabase& db) {
+    const QVariant v = db.driver()->handle();
+    if (!v.isValid() || qstrcmp(v.typeName(), "sqlite3*") != 0) return nullptr;
+    return *static_cast<sqlite3* const*>(v.constData());
+}
+
+// Qt binds every value by building a placeholder name; on a long list that is
+// most of the time of a save. With SQLite underneath, rows go straight in.
+class InserimentoNativo {
+public:
+    InserimentoNativo(sqlite3* db, const QString& sql) : db_(db) {
+        if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &istruzione_, nullptr) !=
+            SQLITE_OK)
+            Guasto();
+    }
+    ~InserimentoNativo() { sqlite3_finalize(istruzione_); }
+    InserimentoNativo(const InserimentoNativo&) = delete;
+    InserimentoNativo& operator=(const InserimentoNativo&) = delete;
+
+    void Intero(int posizione, int64_t valore) {
+        Controlla(sqlite3_bind_int64(istruzione_, posizione, valore));
+    }
+    void Reale(int posizione, double valore) {
+        Controlla(sqlite3_bind_double(istruzione_, posizione, valore));
+    }
+    void Testo(int posizione, const QString& valore) {
+        const QByteArray utf8 = valore.toUtf8();
+        Controlla(sqlite3_bind_text(istruzione_, posizione, utf8.constData(),
+                                    static_cast<int>(utf8.size()), SQLITE_TRANSIENT));
+    }
+    void Esegui() {
+        if (sqlite3_step(istruzione_) != SQLITE_DONE) Guasto();
+        sqlite3_reset(istruzione_);
+    }
+
+private:
+    void Controlla(int esito) {
+        if (esito != SQLITE_OK) Guasto();
+    }
+    [[noreturn]] void Guasto() {
+        const int codice = sqlite3_extended_errcode(db_) & 0xFF;
+        throw ErroreSql(QSqlError(QStringLiteral("SQLite"), QString::fromUtf8(sqlite3_errmsg(db_)),
+                                  QSqlError::StatementError, QString::number(codice)));
+    }
+
+    sqlite3* db_;
+    sqlite3_stmt* istruzione_ = nullptr;
+};
+
 // Adds rows 1..numero of `lista` for `codice`, NumAzione from 1. The caller
 // holds the transaction.
 void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& lista,
@@ -150,10 +204,47 @@ void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& l
     QStringList colonne{t.ColonnaCodice, QStringLiteral("NumAzione")};
     for (const QString& campo : CampiAzione)
         colonne.append(campo);
-    QSqlQuery q = Prepara(Archivio(t.Connessione),
-                          QStringLiteral("INSERT INTO ") + t.Nome + QStringLiteral(" (") +
-                              colonne.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
-                              segnaposti + ')');
+    const QString sql = QStringLiteral("INSERT INTO ") + t.Nome + QStringLiteral(" (") +
+                        colonne.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
+                        segnaposti + ')';
+    QSqlDatabase db = Archivio(t.Connessione);
+    if (sqlite3* nativo = ManigliaSqlite(db)) {
+        InserimentoNativo q(nativo, sql);
+        for (int32_t i = 1; i <= numero; ++i) {
+            const int16_t numAzione = Intero16(static_cast<int64_t>(i));
+            if (i >= lista.size())
+                throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+            const RecordAzione& a = lista[i];
+            q.Intero(1, codice);
+            q.Intero(2, numAzione);
+            q.Intero(3, a.TipoAzione);
+            q.Intero(4, a.XInizio);
+            q.Intero(5, a.YInizio);
+            q.Intero(6, a.XFine);
+            q.Intero(7, a.YFine);
+            q.Intero(8, a.ColLinea);
+            q.Intero(9, a.ColZona);
+            q.Intero(10, a.FlagPienoVuoto);
+            q.Intero(11, a.SpessLinea);
+            // Floats go as doubles: every float is a double exactly, so it comes back whole.
+            q.Reale(12, double(a.XCentro));
+            q.Reale(13, double(a.YCentro));
+            q.Reale(14, double(a.RadIniz));
+            q.Reale(15, double(a.RadFine));
+            q.Reale(16, double(a.RaggioVert));
+            q.Reale(17, double(a.RaggioOriz));
+            q.Intero(18, a.InterlineaTesto);
+            q.Testo(19, a.Testo);
+            q.Testo(20, a.NomeFont);
+            q.Intero(21, a.SizeFont);
+            q.Intero(22, a.Corsivo);
+            q.Intero(23, a.Grassetto);
+            q.Testo(24, a.NomeFileImmagine);
+            q.Esegui();
+        }
+        return;
+    }
+    QSqlQuery q = Prepara(db, sql);
     const QVariant proprietario(codice);
     for (int32_t i = 1; i <= numero; ++i) {
         const int16_t numAzione = Intero16(static_cast<int64_t>(i));
@@ -171,7 +262,6 @@ void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& l
         q.bindValue(8, a.ColZona);
         q.bindValue(9, a.FlagPienoVuoto);
         q.bindValue(10, a.SpessLinea);
-        // Floats go as doubles: every float is a double exactly, so it comes back whole.
         q.bindValue(11, double(a.XCentro));
         q.bindValue(12, double(a.YCentro));
         q.bindValue(13, double(a.RadIniz));
