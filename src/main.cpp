@@ -1,3 +1,4 @@
+#include "drawing/AmbienteDisegno.h"
 #include "start/Avvio.h"
 #include "start/MenuGenerale.h"
 
@@ -8,6 +9,7 @@ int main(int argc, char* argv[]) {
     const int fine = AvviaZanto();
     if (fine >= 0) return fine;
     const int esito = QApplication::exec();
+    DistruggiAmbienteDisegno();
     DistruggiMenùGenerale();
     return esito;
 }

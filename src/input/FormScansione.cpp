@@ -5,7 +5,6 @@
 #include "start/Misure.h"
 
 #include <QKeyEvent>
-#include <QTimer>
 
 namespace {
 QList<FormScansione*>& FormAperti() {
@@ -69,6 +68,11 @@ void FormScansione::ImpostaColoreCorona(int16_t indice, uint32_t rgb) {
     corona->setPalette(p);
 }
 
+void FormScansione::ImpostaPredefinito(int16_t indice) {
+    for (TastoZanto* tasto : std::as_const(Tasti))
+        tasto->Predefinito = tasto->Indice() == indice;
+}
+
 void FormScansione::AggiornaCorone() {
     const int16_t corrente = Motore.TastoCorrente;
     for (auto it = Tasti.cbegin(); it != Tasti.cend(); ++it) {
@@ -82,7 +86,7 @@ void FormScansione::AggiornaCorone() {
     if (QLabel* corona = Corone.value(corrente)) corona->show();
     const int16_t modo = ModalitàFunzionamento;
     if (modo == 4 || (modo == 3 && PredefinitoInModo3())) {
-        if (TastoZanto* tasto = Tasti.value(corrente)) tasto->Predefinito = true;
+        ImpostaPredefinito(corrente);
     }
     if (InformaAmbiente && AvvisoComandoAmbiente)
         if (TastoZanto* tasto = Tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
@@ -95,6 +99,13 @@ void FormScansione::RoutineTastoGiu(int codice, int modificatori) {
 void FormScansione::PrimaAttivazione() {
     FocusFix->setFocus(Qt::OtherFocusReason);
     if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) Motore.AvviaScansione();
+}
+
+void FormScansione::UsaComeFocus(QWidget* controllo) {
+    delete FocusFix; // a child made here, before any event could reach it
+    FocusFix = controllo;
+    FocusFix->setFocusPolicy(Qt::StrongFocus);
+    FocusFix->installEventFilter(this);
 }
 
 void FormScansione::Attiva() {
@@ -144,8 +155,9 @@ void FormScansione::showEvent(QShowEvent* evento) {
     FormAperti().removeAll(this);
     FormAperti().append(this);
     activateWindow();
-    // Offscreen and without a window manager no activation may ever come.
-    QTimer::singleShot(0, this, [this] { Attiva(); });
+    // Offscreen and without a window manager no activation may ever come; and a
+    // ring that starts later than its form shows would lose part of a dwell.
+    Attiva();
 }
 
 void FormScansione::hideEvent(QHideEvent* evento) {

@@ -43,6 +43,8 @@ public:
     // Rings stand `margine` twips outside their buttons.
     void CreaTasti(const QList<DefinizioneTasto>& tabella, int margine);
     void ImpostaColoreCorona(int16_t indice, uint32_t rgb);
+    // Like a form's default button, the flag stands on one button at most.
+    void ImpostaPredefinito(int16_t indice);
 
     // The redraw of the common pattern; screens may replace it.
     virtual void AggiornaCorone();
@@ -54,6 +56,10 @@ public:
     virtual void PrimaAttivazione();
     // Does this screen set the default flag in mode 3 as well as in mode 4?
     virtual bool PredefinitoInModo3() const { return true; }
+
+    // A screen whose keys rest on a control of its own (the drawing canvas)
+    // gives it here in place of the invisible FocusFix.
+    void UsaComeFocus(QWidget* controllo);
 
     // Makes the first activation happen now if it has not yet (the platform may
     // never report one without a window manager).

@@ -94,7 +94,7 @@ void QuadroMessaggi::AttivaQuadroMessaggi() {
         tasto->show();
     }
     if ((TastoPredefinitoQuadroMessaggi > 0 || TipoQuadroMessaggi == 1) && Tasti.contains(corrente))
-        Tasti.value(corrente)->Predefinito = true;
+        ImpostaPredefinito(corrente);
     if (Corone.contains(corrente)) {
         ImpostaColoreCorona(corrente, 0x00FF00);
         Corone.value(corrente)->show();
@@ -130,7 +130,7 @@ void QuadroMessaggi::AggiornaCorone() {
     if (!Corone.contains(corrente)) return;
     ImpostaColoreCorona(corrente, 0x00FF00);
     Corone.value(corrente)->show();
-    if (ModalitàFunzionamento == 4) Tasti.value(corrente)->Predefinito = true;
+    if (ModalitàFunzionamento == 4) ImpostaPredefinito(corrente);
 }
 
 void QuadroMessaggi::RoutineTastoGiu(int codice, int modificatori) {

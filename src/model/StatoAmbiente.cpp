@@ -25,6 +25,9 @@ void AzzeraStatoAmbiente() {
     GrassettoCorrente = Predefiniti::Grassetto;
     CorsivoCorrente = Predefiniti::Corsivo;
     InterlineaCorrente = Predefiniti::Interlinea;
+    RigheScritte = QStringList{QString()};
+    NumeroRigheScritte = 0;
+    AzioneScelta = 0;
     MirinoX = Predefiniti::CentroX;
     MirinoY = Predefiniti::CentroY;
     ModoIngombro = 1;

@@ -3,6 +3,7 @@
 #include "model/RecordAzione.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 
@@ -41,6 +42,13 @@ inline int32_t DimensioneFontCorrente = Predefiniti::SizeFont;
 inline int32_t GrassettoCorrente = Predefiniti::Grassetto;
 inline int32_t CorsivoCorrente = Predefiniti::Corsivo;
 inline int16_t InterlineaCorrente = Predefiniti::Interlinea;
+
+// The lines of the text being placed, as the text panel gives them back
+// (1-based, every line but the last ends with its CR), and the element of the
+// active object whose text gets its frame (0 none).
+inline QStringList RigheScritte{QString()};
+inline int16_t NumeroRigheScritte = 0;
+inline int16_t AzioneScelta = 0;
 
 // Where the next fill's crosshair starts: the centre, then the last fixed fill.
 inline float MirinoX = Predefiniti::CentroX;

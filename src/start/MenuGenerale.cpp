@@ -1,6 +1,7 @@
 #include "start/MenuGenerale.h"
 
 #include "archive/Archivi.h"
+#include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
@@ -131,7 +132,7 @@ void MenuGenerale::AttivaMenùGenerale() {
     Motore.TastoCorrente = 101;
     ImpostaColoreCorona(101, 0x00FF00);
     Corone.value(101)->show();
-    if (ModalitàFunzionamento == 4) Tasti.value(101)->Predefinito = true;
+    if (ModalitàFunzionamento == 4) ImpostaPredefinito(101);
     if (CodiceCartellaAttiva != 0) {
         ScrittaCartellaAttiva->setText(FormaCartella(NomeCartellaAttiva, CodiceCartellaAttiva));
         return;
@@ -197,9 +198,10 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
             Riprendi();
             return;
         }
-        // The drawing screen is not built yet.
-        Bip();
-        Riprendi();
+        PuntatoreClessidra();
+        CaricaAmbienteDisegno();
+        ScaricaMenùGenerale();
+        PuntatorePredefinito();
         return;
     case 102:
         // The folder list is not built yet; the key routine restarts the ring.

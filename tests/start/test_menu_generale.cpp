@@ -1,5 +1,6 @@
 // The main menu, worked with keys and the mouse on the virtual clock.
 #include "archive/Archivi.h"
+#include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -62,6 +63,7 @@ private slots:
         TempoLatenzaScansione = 1000;
     }
     void cleanup() {
+        DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         orologio.reset();
@@ -157,13 +159,15 @@ private slots:
         QVERIFY(amb->Scatole.isEmpty());
     }
 
-    void disegno_con_una_cartella_attiva_suona_finche_l_ambiente_non_esiste() {
+    void disegno_con_una_cartella_attiva_apre_l_ambiente_e_scarica_il_menu() {
         ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
-        MenuGenerale* m = Menu(4);
+        Menu(4);
         QVERIFY(PremiTasto(Qt::Key_Return));
-        QCOMPARE(ContatoreBip, 1);
-        QVERIFY(m->isVisible());
-        QCOMPARE(FormScansione::InPrimoPiano(), m);
+        QCOMPARE(ContatoreBip, 0);
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(AmbienteDisegnoAperto() != nullptr && AmbienteDisegnoAperto()->isVisible());
+        QCOMPARE(FormScansione::InPrimoPiano(), AmbienteDisegnoAperto());
+        QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
     void cartelle_informazioni_configurazioni_suonano_e_il_menu_resta() {

@@ -5,10 +5,12 @@
 #include "archive/Installatore.h"
 #include "input/FormScansione.h"
 #include "input/QuadroMessaggi.h"
+#include "model/ElementoAttivo.h"
 #include "model/Paint.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
+#include "panels/QuadroSceltaRibaltamenti.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -56,6 +58,8 @@ void RipristinaGlobali() {
     // model and archive: add their globals here as they come.
     AzzeraStatoAmbiente();
     DirezioneScelta = 0;
+    RibaltamentoScelto = 0;
+    SpostaIconaMirino = nullptr;
     Azioni = QList<RecordAzione>{RecordAzione{}};
     NumeroAzioni = 0;
     ElementiAttivi = QList<RecordAzione>{RecordAzione{}};

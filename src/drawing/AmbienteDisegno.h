@@ -1,0 +1,77 @@
+#pragma once
+
+#include "input/FormScansione.h"
+#include "model/Superficie.h"
+
+#include <QString>
+
+#include <memory>
+
+class ComandiDisegno;
+class QEventLoop;
+class QLabel;
+class VistaSuperficie;
+
+// The screen on which all drawing takes place: the canvas, the row and the
+// column of 33 command buttons, and the strip of labels. The commands live in
+// ComandiDisegno; this form holds the layout, the opening, the title, the key
+// routine and the walk of a movement.
+class AmbienteDisegno : public FormScansione {
+public:
+    AmbienteDisegno();
+    ~AmbienteDisegno() override;
+
+    void AttivaAmbienteDisegno();
+
+    void AggiornaCorone() override;
+    void ClickTasto(int16_t indice) override;
+    void RoutineTastoGiu(int codice, int modificatori) override;
+    void PrimaAttivazione() override;
+
+    // Resume: the ring walks again in modes 1 and 2. Refuse: a beep, then resume.
+    void Riprendi();
+    void Rifiuta();
+
+    // The direction panel and, in modes 1 and 2, the walk of the element.
+    void ApriSceltaDirezione();
+    void CicloMovimento();
+
+    // Clears the canvas and replays the whole drawing.
+    void RidisegnoCompleto();
+    // The crosshair of a fill follows ElementoInCostruzione's point.
+    void PosizionaMirino();
+    void MostraColori();
+    // Writes the title and MostraInfo for the button under the ring.
+    void ScriviComando(const QString& suggerimento);
+
+    Superficie Quadro; // the canvas: 14144 by 10000 twips
+    VistaSuperficie* QuadroDisegno = nullptr;
+    QLabel* CorniceDx = nullptr;
+    QLabel* DivisorePrimitive = nullptr;
+    QLabel* MostraColoreLinea[2] = {nullptr, nullptr};
+    QLabel* MostraColoreZona[2] = {nullptr, nullptr};
+    QLabel* ScrittaNomeDisegno = nullptr;
+    QLabel* MostraInfo = nullptr;
+    QLabel* IconaMirino = nullptr;
+    QString TitoloAmbiente;
+
+    std::unique_ptr<ComandiDisegno> Comandi;
+
+private:
+    void CostruisciControlli();
+    void AttendiPasso();
+
+    QEventLoop* attesaMovimento_ = nullptr;
+};
+
+// The one drawing screen of the program, while it is open.
+AmbienteDisegno* AmbienteDisegnoAperto();
+// Loads a new screen, prepares it and shows it.
+AmbienteDisegno* CaricaAmbienteDisegno();
+// Back to the main menu; the screen is unloaded once its own events allow.
+void ChiudiAmbienteDisegno();
+// At the very end, outside any event of its own.
+void DistruggiAmbienteDisegno();
+
+// The tooltip of each of the 33 buttons, from 101.
+QString SuggerimentoTastoDisegno(int16_t indice);

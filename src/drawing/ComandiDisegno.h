@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+
+class AmbienteDisegno;
+
+// The click routine of the 33 buttons of the drawing screen: a chain of tests
+// on the button and the three state variables, the red button first.
+class ComandiDisegno {
+public:
+    explicit ComandiDisegno(AmbienteDisegno& ambiente) : a_(ambiente) {}
+
+    void TastoDisegno_Click(int16_t indice);
+
+private:
+    void FineComandoModifica();
+    void ApriPrimitiva(int16_t indice);
+    void ComandoDiModifica(int16_t indice);
+    void ColoraZona();
+    void SceltaFormePieneVuote();
+    void Fissa();
+    void Annulla();
+    void DuplicaUltima();
+    void ChiudiAmbiente();
+
+    AmbienteDisegno& a_;
+};

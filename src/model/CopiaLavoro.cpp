@@ -1,0 +1,211 @@
+#include "model/CopiaLavoro.h"
+
+#include "archive/Archivi.h"
+#include "archive/ArchivioAzioni.h"
+#include "archive/IstruzioniArchivio.h"
+#include "model/ElementoAttivo.h"
+#include "model/StatoAmbiente.h"
+#include "model/Superficie.h"
+#include "model/TracciaAzioni.h"
+#include "start/GestioneErrori.h"
+#include "start/MenuGenerale.h"
+#include "start/Numeri.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// What the current settings write into an element at the moment it is fixed:
+// whatever the record held while it was open doesn't count.
+void CompletaElemento(RecordAzione& e) {
+    switch (e.TipoAzione) {
+    case TipiAzione::Linea:
+    case TipiAzione::Arco:
+        e.ColLinea = ColoreLineaCorrente;
+        e.ColZona = ColoreZonaCorrente;
+        e.FlagPienoVuoto = FlagNonApplicabile;
+        e.SpessLinea = SpessoreCorrente;
+        break;
+    case TipiAzione::Rettangolo:
+    case TipiAzione::Ellisse:
+        e.ColLinea = ColoreLineaCorrente;
+        e.ColZona = ColoreZonaCorrente;
+        e.FlagPienoVuoto = RiempimentoCorrente;
+        e.SpessLinea = SpessoreCorrente;
+        break;
+    case TipiAzione::Colorazione:
+        e.ColLinea = ColoreLineaCorrente;
+        e.ColZona = ColoreZonaCorrente;
+        e.FlagPienoVuoto = FlagPieno;
+        break;
+    default:
+        break; // a text keeps its colour, a picture has none
+    }
+}
+
+void DisegnaElemento(Superficie& quadro, const RecordAzione& e) {
+    switch (e.TipoAzione) {
+    case TipiAzione::Linea:
+    case TipiAzione::Arco:
+    case TipiAzione::Rettangolo:
+    case TipiAzione::Ellisse:
+    case TipiAzione::Colorazione: // flag 2: the flood itself
+    case TipiAzione::Immagine:
+        TracciaAzione(quadro, e);
+        break;
+    case TipiAzione::Testo:
+        TracciaRigheScritte(quadro, e);
+        break;
+    default:
+        break;
+    }
+}
+
+void InserisciTestaCopia(int32_t codice) {
+    QSqlQuery q = Prepara(Archivio(ArchivioDisegni),
+                          QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno,"
+                                         " CodiceCartella) VALUES (?, ?, ?)"));
+    q.addBindValue(codice);
+    q.addBindValue(QString::number(codice));
+    q.addBindValue(CodiceCartellaAttiva);
+    Esegui(q);
+}
+
+struct Estensione {
+    int32_t X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
+};
+
+// The measure runs once for every element of a group at every step: the
+// common case is rounded here, and only what can't fit goes to the checked
+// helper, which raises the overflow.
+inline int32_t Intero(double x) {
+    if (x > -2e9 && x < 2e9) return static_cast<int32_t>(std::lrint(x));
+    return Intero32(x);
+}
+
+inline int32_t Intero16Di(int32_t v) {
+    if (v >= -32768 && v <= 32767) return v;
+    return Intero16(v);
+}
+
+// The arc's true outline: the box of its two ends, pushed out to the rim at
+// each quadrant crossing it passes.
+Estensione ContornoArco(const RecordAzione& a) {
+    const PuntoArco p1 = EstremoArco(a, a.RadIniz);
+    const PuntoArco p2 = EstremoArco(a, a.RadFine);
+    Estensione e{std::min<int32_t>(p1.X, p2.X), std::min<int32_t>(p1.Y, p2.Y),
+                 std::max<int32_t>(p1.X, p2.X), std::max<int32_t>(p1.Y, p2.Y)};
+    const float c90 = float(90.0 * Grado);
+    const float c180 = float(180.0 * Grado);
+    const float c270 = float(270.0 * Grado);
+    const float s = a.RadIniz;
+    const float f = a.RadFine;
+    const bool giro = s > f;
+    auto passa = [&](float c) { return giro ? (c >= s || c <= f) : (s <= c && c <= f); };
+    if (passa(c90)) e.Y1 = Intero(double(a.YCentro) - a.RaggioVert);
+    if (passa(c180)) e.X1 = Intero(double(a.XCentro) - a.RaggioOriz);
+    if (passa(c270)) e.Y2 = Intero(double(a.YCentro) + a.RaggioVert);
+    if (giro) e.X2 = Intero(double(a.XCentro) + a.RaggioOriz);
+    return e;
+}
+
+Estensione RimeEllisse(const RecordAzione& a) {
+    return {Intero(double(a.XCentro) - a.RaggioOriz), Intero(double(a.YCentro) - a.RaggioVert),
+            Intero(double(a.XCentro) + a.RaggioOriz), Intero(double(a.YCentro) + a.RaggioVert)};
+}
+
+void Allarga(int32_t valore, int32_t& minimo, int32_t& massimo) {
+    minimo = std::min(minimo, valore);
+    massimo = std::max(massimo, valore);
+}
+
+} // namespace
+
+void FissaElemento(Superficie& quadro) {
+    EseguiPassi({
+        {3500,
+         [&] {
+             quadro.AutoRedraw = true;
+             quadro.DrawStyle = 0;
+         }},
+        {3510,
+         [&] {
+             CompletaElemento(ElementoInCostruzione);
+             DisegnaElemento(quadro, ElementoInCostruzione);
+         }},
+        {3590, [&] { quadro.AutoRedraw = false; }},
+    });
+}
+
+bool RegistraCopiaLavoro() {
+    const int32_t precedente = CodiceCopiaLavoro;
+    const int32_t codice = precedente + 1;
+    bool testaScritta = false;
+    bool azioniScritte = false;
+    // The action writer holds a transaction of its own: the head row goes
+    // first, and is taken back with whatever hangs on it if the rows fail.
+    EseguiPassi({
+        {3600, [&] { CodiceCopiaLavoro = codice; }},
+        {3610,
+         [&] {
+             InserisciTestaCopia(codice);
+             testaScritta = true;
+         }},
+        {3620,
+         [&] {
+             if (!testaScritta) return;
+             CodiceDisegnoDaRegistrare = codice;
+             CopiaAzioniInDaRegistrare();
+             azioniScritte = RegistraAzioniDisegno();
+         }},
+    });
+    if (testaScritta && azioniScritte) return true;
+    if (testaScritta) EseguiPassi({{3690, [&] { EliminaDisegno(codice); }}});
+    CodiceCopiaLavoro = precedente;
+    return false;
+}
+
+PuntoArco EstremoArco(const RecordAzione& a, float angolo) {
+    return {Intero16(double(a.XCentro) + double(a.RaggioOriz) * std::cos(double(angolo))),
+            Intero16(double(a.YCentro) - double(a.RaggioVert) * std::sin(double(angolo)))};
+}
+
+void CalcolaIngombro() {
+    // The canvas turned inside out: an element inside it can only shrink it.
+    IngombroXMin = LarghezzaQuadroDisegno;
+    IngombroYMin = AltezzaQuadroDisegno;
+    IngombroXMax = 0;
+    IngombroYMax = 0;
+    for (int16_t i = 1; i <= NumeroElementiAttivi; ++i) {
+        const RecordAzione& a = ElementiAttivi.at(i);
+        Estensione e;
+        switch (a.TipoAzione) {
+        case TipiAzione::Linea:
+        case TipiAzione::Rettangolo:
+        case TipiAzione::Testo:
+        case TipiAzione::Immagine:
+            e = {Intero16Di(a.XInizio), Intero16Di(a.YInizio), Intero16Di(a.XFine),
+                 Intero16Di(a.YFine)};
+            break;
+        case TipiAzione::Arco:
+            e = ModoIngombro == 1 ? RimeEllisse(a) : ContornoArco(a);
+            break;
+        case TipiAzione::Ellisse:
+            e = RimeEllisse(a);
+            break;
+        case TipiAzione::Colorazione:
+            e.X1 = e.X2 = Intero(a.XCentro);
+            e.Y1 = e.Y2 = Intero(a.YCentro);
+            break;
+        default:
+            continue; // no extent of its own
+        }
+        Allarga(e.X1, IngombroXMin, IngombroXMax);
+        Allarga(e.X2, IngombroXMin, IngombroXMax);
+        Allarga(e.Y1, IngombroYMin, IngombroYMax);
+        Allarga(e.Y2, IngombroYMin, IngombroYMax);
+    }
+    MezzaLarghezzaIngombro = Intero(std::fabs(double(IngombroXMax) - double(IngombroXMin)) / 2.0);
+    MezzaAltezzaIngombro = Intero(std::fabs(double(IngombroYMax) - double(IngombroYMin)) / 2.0);
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "input/FormScansione.h"
+#include "support/Copione.h"
+#include "support/Sonde.h"
+
+#include <QCoreApplication>
+#include <QRect>
+
+#include <functional>
+
+// What the panel tests share: the front panel, and a run of a script inside
+// a panel that the opener shows with exec().
+
+template <class Quadro> Quadro* PannelloDavanti() {
+    return dynamic_cast<Quadro*>(FormScansione::InPrimoPiano());
+}
+
+// Runs `apri` with the script inside the panel it opens. A script that leaves
+// the panel open closes it, so that a failing test ends; returns false then.
+inline bool EseguiNelPannello(Copione& c, const std::function<void()>& apri) {
+    bool rimastoAperto = false;
+    c.Esegui([&rimastoAperto] {
+        if (FormScansione* f = FormScansione::InPrimoPiano()) {
+            rimastoAperto = true;
+            f->done(-1);
+        }
+    });
+    c.Avvia();
+    apri();
+    for (int giro = 0; giro < 100 && !c.Finito(); ++giro)
+        QCoreApplication::processEvents();
+    return !rimastoAperto;
+}
+
+// The visible state of a scanning panel at one moment.
+struct VistaPannello {
+    int16_t Corrente = 0;
+    int16_t Marcato = 0;
+    int16_t Predefinito = 0;
+    QList<int16_t> Visibili;
+    QMap<int16_t, uint32_t> Colori; // of the visible rings
+};
+
+inline VistaPannello OsservaPannello() {
+    VistaPannello v;
+    const FormScansione* f = FormScansione::InPrimoPiano();
+    if (f == nullptr) return v;
+    v.Corrente = f->Motore.TastoCorrente;
+    v.Marcato = f->TastoMarcato;
+    v.Predefinito = TastoPredefinito(*f);
+    v.Visibili = CoroneVisibili(*f);
+    for (int16_t i : std::as_const(v.Visibili))
+        v.Colori.insert(i, ColoreCorona(*f, i));
+    return v;
+}
+
+inline constexpr uint32_t Verde = 0x00FF00;
+inline constexpr uint32_t Blu = 0x0000FF;
+inline constexpr uint32_t Magenta = 0xFF00FF;

@@ -1,0 +1,323 @@
+// The font panel, opened as the text and settings panels open it and driven by keys.
+#include "input/IconaSvg.h"
+#include "model/StatoAmbiente.h"
+#include "panels/ProvaPannello.h"
+#include "panels/QuadroSettaggiFont.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/Misure.h"
+#include "support/AmbienteProva.h"
+#include "support/OrologioVirtuale.h"
+
+#include <QListWidget>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+QuadroSettaggiFont* Quadro() {
+    return PannelloDavanti<QuadroSettaggiFont>();
+}
+
+// The pictures that buttons 103 and 104 show now.
+QStringList Immagini() {
+    QuadroSettaggiFont* q = Quadro();
+    if (q == nullptr) return {};
+    return {q->Tasti.value(103)->property(ProprietaRisorsaIcona).toString(),
+            q->Tasti.value(104)->property(ProprietaRisorsaIcona).toString()};
+}
+
+const QString GrassettoSi = QStringLiteral(":/icone/pannelli/grassetto-si.svg");
+const QString GrassettoNo = QStringLiteral(":/icone/pannelli/grassetto-no.svg");
+const QString CorsivoSi = QStringLiteral(":/icone/pannelli/corsivo-si.svg");
+const QString CorsivoNo = QStringLiteral(":/icone/pannelli/corsivo-no.svg");
+
+} // namespace
+
+class ProvaQuadroSettaggiFont : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+
+    bool Apri(Copione& c, int sinistra = 4000, int alto = 2000) {
+        return EseguiNelPannello(c, [=] { ApriQuadroSettaggiFont(sinistra, alto); });
+    }
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>(false);
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+    }
+    void cleanup() {
+        orologio.reset();
+        amb.reset();
+    }
+
+    void posti_e_misure_del_quadro_e_dei_tasti() {
+        ModalitàFunzionamento = 3;
+        QSize cliente;
+        QString titolo = QStringLiteral("?");
+        QPoint posto;
+        QList<QRect> posti;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            cliente = Quadro()->size();
+            titolo = Quadro()->windowTitle();
+            posto = Quadro()->pos();
+            for (int16_t i = 101; i <= 105; ++i)
+                posti.append(Quadro()->Tasti.value(i)->geometry());
+        });
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c, 4500 - 820, 3000 + 740));
+        QCOMPARE(cliente, QSize(53, 252));
+        QCOMPARE(titolo, QString());
+        QCOMPARE(posto, QPoint(Px(4500 - 820), Px(3000 + 740)));
+        QCOMPARE(posti, (QList<QRect>{{3, 5, 47, 44},
+                                      {3, 55, 47, 44},
+                                      {3, 105, 47, 44},
+                                      {3, 155, 47, 44},
+                                      {3, 204, 47, 44}}));
+    }
+
+    void suggerimenti_nomi_accessibili_e_immagini() {
+        ModalitàFunzionamento = 4;
+        QStringList suggerimenti, nomi, didascalie, immagini;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            for (int16_t i = 101; i <= 105; ++i) {
+                TastoZanto* t = Quadro()->Tasti.value(i);
+                suggerimenti << t->toolTip();
+                nomi << t->accessibleName();
+                didascalie << t->text();
+                immagini << t->property(ProprietaRisorsaIcona).toString();
+                QVERIFY(!t->icon().isNull());
+            }
+        });
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        const QStringList attesi{"Scelta Font", "Dimensione Font", "Grassetto", "Corsivo",
+                                 "Chiudi"};
+        QCOMPARE(suggerimenti, attesi);
+        QCOMPARE(nomi, attesi);
+        QCOMPARE(didascalie, QStringList(5, QString()));
+        QCOMPARE(immagini, (QStringList{":/icone/pannelli/font-scelta.svg",
+                                        ":/icone/pannelli/font-dimensione.svg", GrassettoNo,
+                                        CorsivoNo, ":/icone/pannelli/chiudi.svg"}));
+    }
+
+    void l_apertura_mostra_lo_stato_di_grassetto_e_corsivo_data() {
+        QTest::addColumn<int>("grassetto");
+        QTest::addColumn<int>("corsivo");
+        QTest::addColumn<QStringList>("immagini");
+        QTest::newRow("nessuno") << 2 << 2 << QStringList{GrassettoNo, CorsivoNo};
+        QTest::newRow("grassetto") << 1 << 2 << QStringList{GrassettoSi, CorsivoNo};
+        QTest::newRow("corsivo") << 2 << 1 << QStringList{GrassettoNo, CorsivoSi};
+        QTest::newRow("entrambi") << 1 << 1 << QStringList{GrassettoSi, CorsivoSi};
+    }
+    void l_apertura_mostra_lo_stato_di_grassetto_e_corsivo() {
+        QFETCH(int, grassetto);
+        QFETCH(int, corsivo);
+        QFETCH(QStringList, immagini);
+        ModalitàFunzionamento = 4;
+        GrassettoCorrente = grassetto;
+        CorsivoCorrente = corsivo;
+        QStringList viste;
+        VistaPannello vista;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            viste = Immagini();
+            vista = OsservaPannello();
+        });
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(viste, immagini);
+        QCOMPARE(vista.Corrente, int16_t(101));
+        QCOMPARE(vista.Marcato, int16_t(0));
+        QCOMPARE(vista.Visibili, QList<int16_t>{101});
+        QCOMPARE(vista.Colori.value(101), Verde);
+        QCOMPARE(GrassettoCorrente, int32_t(grassetto));
+        QCOMPARE(CorsivoCorrente, int32_t(corsivo));
+    }
+
+    void grassetto_e_corsivo_cambiano_con_la_loro_immagine() {
+        ModalitàFunzionamento = 3;
+        QList<QStringList> viste;
+        QList<int32_t> grassetto, corsivo;
+        Copione c(*orologio);
+        auto nota = [&] {
+            viste << Immagini();
+            grassetto << GrassettoCorrente;
+            corsivo << CorsivoCorrente;
+        };
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Space); // on 103
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Space); // on 104
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Return); // 105 closes
+        QVERIFY(Apri(c));
+        QVERIFY(c.Problemi.isEmpty());
+        QCOMPARE(grassetto, (QList<int32_t>{1, 2, 1, 1, 1}));
+        QCOMPARE(corsivo, (QList<int32_t>{2, 2, 2, 1, 2}));
+        QCOMPARE(viste, (QList<QStringList>{{GrassettoSi, CorsivoNo},
+                                            {GrassettoNo, CorsivoNo},
+                                            {GrassettoSi, CorsivoNo},
+                                            {GrassettoSi, CorsivoSi},
+                                            {GrassettoSi, CorsivoNo}}));
+        // The values stay after the panel has closed; nothing else changed.
+        QCOMPARE(GrassettoCorrente, int32_t(1));
+        QCOMPARE(CorsivoCorrente, int32_t(2));
+        QCOMPARE(FontCorrente, QStringLiteral("Times New Roman"));
+        QCOMPARE(DimensioneFontCorrente, int32_t(12));
+        QCOMPARE(ContatoreBip, 0);
+    }
+
+    void nome_e_dimensione_suonano_e_l_anello_riparte_nel_modo_1() {
+        ModalitàFunzionamento = 1;
+        QList<int> bip;
+        QList<int16_t> giro;
+        Copione c(*orologio);
+        auto nota = [&] {
+            bip << ContatoreBip;
+            giro << Quadro()->Motore.TastoCorrente;
+        };
+        c.Tasto(Qt::Key_Return).Esegui(nota); // on 101
+        c.Attendi(1000).Esegui(nota);         // the ring goes on from 101
+        c.Tasto(Qt::Key_Return).Esegui(nota); // on 102
+        c.Attendi(1000).Esegui(nota);
+        c.Attendi(2000).Tasto(Qt::Key_Return); // 105
+        QVERIFY(Apri(c));
+        QVERIFY(c.Problemi.isEmpty());
+        QCOMPARE(bip, (QList<int>{1, 1, 2, 2}));
+        QCOMPARE(giro, (QList<int16_t>{101, 102, 102, 103}));
+        QCOMPARE(FontCorrente, QStringLiteral("Times New Roman"));
+        QCOMPARE(DimensioneFontCorrente, int32_t(12));
+        QCOMPARE(orologio->InAttesa(), 0);
+    }
+
+    void nome_e_dimensione_suonano_e_l_anello_resta_nel_modo_3() {
+        ModalitàFunzionamento = 3;
+        int bip = -1;
+        int inAttesa = -1;
+        int16_t corrente = 0;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Space).Tasto(Qt::Key_Return).Attendi(5000);
+        c.Esegui([&] {
+            bip = ContatoreBip;
+            inAttesa = orologio->InAttesa();
+            corrente = Quadro()->Motore.TastoCorrente;
+        });
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(bip, 2);
+        QCOMPARE(inAttesa, 0);
+        QCOMPARE(corrente, int16_t(102));
+    }
+
+    void nel_modo_2_dopo_il_grassetto_l_anello_riprende_nel_suo_verso() {
+        ModalitàFunzionamento = 2;
+        TipoInversioneScansione = 1;
+        QList<int16_t> giro;
+        int32_t grassetto = 0;
+        Copione c(*orologio);
+        auto nota = [&] { giro << Quadro()->Motore.TastoCorrente; };
+        // Backwards from 101: 105, 104, 103; choose there, then on backwards.
+        c.Tasto(Qt::Key_Space).Attendi(3000).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui([&] { grassetto = GrassettoCorrente; });
+        c.Attendi(1000).Esegui(nota);
+        c.Attendi(2000).Tasto(Qt::Key_Return); // 101, then 105
+        QVERIFY(Apri(c));
+        QCOMPARE(giro, (QList<int16_t>{103, 102}));
+        QCOMPARE(grassetto, int32_t(1));
+    }
+
+    void il_titolo_dell_ambiente_segue_l_anello() {
+        ModalitàFunzionamento = 4;
+        QStringList avvisi;
+        AvvisoComandoAmbiente = [&avvisi](const QString& s) {
+            if (avvisi.isEmpty() || avvisi.last() != s) avvisi.append(s);
+        };
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Right).Tasto(Qt::Key_Down).Tasto(Qt::Key_Up).Tasto(Qt::Key_Left);
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(avvisi, (QStringList{"Scelta Font", "Dimensione Font", "Grassetto",
+                                      "Dimensione Font", "Scelta Font", "Chiudi"}));
+    }
+
+    void escape_e_gli_altri_tasti_non_fanno_nulla() {
+        ModalitàFunzionamento = 1;
+        bool aperto = false;
+        int16_t dopo = 0;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Escape).Tasto(Qt::Key_Space).Tasto(Qt::Key_F11).Tasto(Qt::Key_Down);
+        c.Esegui([&] {
+            aperto = Quadro() != nullptr;
+            if (aperto) dopo = Quadro()->Motore.TastoCorrente;
+        });
+        c.Attendi(4000).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QVERIFY(aperto);
+        QCOMPARE(dopo, int16_t(101));
+        QCOMPARE(ModalitàFunzionamento, int16_t(1));
+        QCOMPARE(ContatoreBip, 0);
+        QCOMPARE(GrassettoCorrente, int32_t(2));
+        QCOMPARE(CorsivoCorrente, int32_t(2));
+    }
+
+    void la_lista_dei_font_e_nascosta_e_ordinata() {
+        ModalitàFunzionamento = 4;
+        bool visibile = true;
+        bool ordinata = false;
+        Qt::FocusPolicy fuoco = Qt::StrongFocus;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            QListWidget* lista = Quadro()->ListaFont;
+            visibile = lista->isVisible();
+            ordinata = lista->isSortingEnabled();
+            fuoco = lista->focusPolicy();
+        });
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QVERIFY(!visibile);
+        QVERIFY(ordinata);
+        QCOMPARE(fuoco, Qt::NoFocus);
+    }
+
+    void il_fuoco_va_a_focusfix_solo_se_il_quadro_e_abilitato() {
+        ModalitàFunzionamento = 3;
+        bool suFocusFix = true;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            QuadroSettaggiFont* q = Quadro();
+            suFocusFix = q->focusWidget() == q->FocusFix;
+            q->ClickTasto(105);
+        });
+        QuadroSettaggiFont quadro;
+        quadro.setEnabled(false);
+        quadro.AttivaQuadroSettaggiFont();
+        QVERIFY(EseguiNelPannello(c, [&] { quadro.exec(); }));
+        QVERIFY(!suFocusFix);
+        QCOMPARE(quadro.Motore.FormAttivato, int16_t(1));
+    }
+
+    void abilitato_il_fuoco_e_su_focusfix() {
+        ModalitàFunzionamento = 3;
+        bool suFocusFix = false;
+        Copione c(*orologio);
+        c.Esegui([&] { suFocusFix = Quadro()->focusWidget() == Quadro()->FocusFix; });
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QVERIFY(suFocusFix);
+    }
+};
+
+QTEST_MAIN(ProvaQuadroSettaggiFont)
+#include "test_quadro_settaggi_font.moc"
