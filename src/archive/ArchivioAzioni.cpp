@@ -194,6 +194,57 @@ private:
     sqlite3_stmt* istruzione_ = nullptr;
 };
 
+// The same row writing through Qt, for a driver other than SQLite.
+class InserimentoQt {
+public:
+    InserimentoQt(const QSqlDatabase& db, const QString& sql) : q_(Prepara(db, sql)) {}
+    void Intero(int posizione, int64_t valore) { q_.bindValue(posizione - 1, qlonglong(valore)); }
+    void Reale(int posizione, double valore) { q_.bindValue(posizione - 1, valore); }
+    void Testo(int posizione, const QString& valore) {
+        q_.bindValue(posizione - 1, NonNullo(valore));
+    }
+    void Esegui() { ::Esegui(q_); }
+
+private:
+    QSqlQuery q_;
+};
+
+template <typename Inserimento>
+void ScriviRighe(Inserimento& q, int32_t codice, const QList<RecordAzione>& lista, int32_t numero) {
+    for (int32_t i = 1; i <= numero; ++i) {
+        const int16_t numAzione = Intero16(static_cast<int64_t>(i));
+        if (i >= lista.size())
+            throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+        const RecordAzione& a = lista[i];
+        q.Intero(1, codice);
+        q.Intero(2, numAzione);
+        q.Intero(3, a.TipoAzione);
+        q.Intero(4, a.XInizio);
+        q.Intero(5, a.YInizio);
+        q.Intero(6, a.XFine);
+        q.Intero(7, a.YFine);
+        q.Intero(8, a.ColLinea);
+        q.Intero(9, a.ColZona);
+        q.Intero(10, a.FlagPienoVuoto);
+        q.Intero(11, a.SpessLinea);
+        // Floats go as doubles: every float is a double exactly, so it comes back whole.
+        q.Reale(12, double(a.XCentro));
+        q.Reale(13, double(a.YCentro));
+        q.Reale(14, double(a.RadIniz));
+        q.Reale(15, double(a.RadFine));
+        q.Reale(16, double(a.RaggioVert));
+        q.Reale(17, double(a.RaggioOriz));
+        q.Intero(18, a.InterlineaTesto);
+        q.Testo(19, a.Testo);
+        q.Testo(20, a.NomeFont);
+        q.Intero(21, a.SizeFont);
+        q.Intero(22, a.Corsivo);
+        q.Intero(23, a.Grassetto);
+        q.Testo(24, a.NomeFileImmagine);
+        q.Esegui();
+    }
+}
+
 // Adds rows 1..numero of `lista` for `codice`, NumAzione from 1. The caller
 // holds the transaction.
 void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& lista,
@@ -210,72 +261,10 @@ void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& l
     QSqlDatabase db = Archivio(t.Connessione);
     if (sqlite3* nativo = ManigliaSqlite(db)) {
         InserimentoNativo q(nativo, sql);
-        for (int32_t i = 1; i <= numero; ++i) {
-            const int16_t numAzione = Intero16(static_cast<int64_t>(i));
-            if (i >= lista.size())
-                throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
-            const RecordAzione& a = lista[i];
-            q.Intero(1, codice);
-            q.Intero(2, numAzione);
-            q.Intero(3, a.TipoAzione);
-            q.Intero(4, a.XInizio);
-            q.Intero(5, a.YInizio);
-            q.Intero(6, a.XFine);
-            q.Intero(7, a.YFine);
-            q.Intero(8, a.ColLinea);
-            q.Intero(9, a.ColZona);
-            q.Intero(10, a.FlagPienoVuoto);
-            q.Intero(11, a.SpessLinea);
-            // Floats go as doubles: every float is a double exactly, so it comes back whole.
-            q.Reale(12, double(a.XCentro));
-            q.Reale(13, double(a.YCentro));
-            q.Reale(14, double(a.RadIniz));
-            q.Reale(15, double(a.RadFine));
-            q.Reale(16, double(a.RaggioVert));
-            q.Reale(17, double(a.RaggioOriz));
-            q.Intero(18, a.InterlineaTesto);
-            q.Testo(19, a.Testo);
-            q.Testo(20, a.NomeFont);
-            q.Intero(21, a.SizeFont);
-            q.Intero(22, a.Corsivo);
-            q.Intero(23, a.Grassetto);
-            q.Testo(24, a.NomeFileImmagine);
-            q.Esegui();
-        }
-        return;
-    }
-    QSqlQuery q = Prepara(db, sql);
-    const QVariant proprietario(codice);
-    for (int32_t i = 1; i <= numero; ++i) {
-        const int16_t numAzione = Intero16(static_cast<int64_t>(i));
-        if (i >= lista.size())
-            throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
-        const RecordAzione& a = lista[i];
-        q.bindValue(0, proprietario);
-        q.bindValue(1, numAzione);
-        q.bindValue(2, a.TipoAzione);
-        q.bindValue(3, a.XInizio);
-        q.bindValue(4, a.YInizio);
-        q.bindValue(5, a.XFine);
-        q.bindValue(6, a.YFine);
-        q.bindValue(7, a.ColLinea);
-        q.bindValue(8, a.ColZona);
-        q.bindValue(9, a.FlagPienoVuoto);
-        q.bindValue(10, a.SpessLinea);
-        q.bindValue(11, double(a.XCentro));
-        q.bindValue(12, double(a.YCentro));
-        q.bindValue(13, double(a.RadIniz));
-        q.bindValue(14, double(a.RadFine));
-        q.bindValue(15, double(a.RaggioVert));
-        q.bindValue(16, double(a.RaggioOriz));
-        q.bindValue(17, int(a.InterlineaTesto));
-        q.bindValue(18, NonNullo(a.Testo));
-        q.bindValue(19, NonNullo(a.NomeFont));
-        q.bindValue(20, a.SizeFont);
-        q.bindValue(21, a.Corsivo);
-        q.bindValue(22, a.Grassetto);
-        q.bindValue(23, NonNullo(a.NomeFileImmagine));
-        Esegui(q);
+        ScriviRighe(q, codice, lista, numero);
+    } else {
+        InserimentoQt q(db, sql);
+        ScriviRighe(q, codice, lista, numero);
     }
 }
 
