@@ -396,6 +396,38 @@ private slots:
         QCOMPARE(PrimitivaAttiva, int16_t(0));
     }
 
+    void duplica_un_arco_tiene_angoli_e_raggi_e_sposta_solo_il_centro() {
+        AmbienteDisegno* a = Apri(4);
+        a->ClickTasto(102);
+        a->ClickTasto(117);
+        a->ClickTasto(122);
+        QCOMPARE(PrimitivaAttiva, int16_t(102));
+        QCOMPARE(ElementoInCostruzione.XCentro, 7172.0f);
+        QCOMPARE(ElementoInCostruzione.YCentro, 5100.0f);
+        QCOMPARE(ElementoInCostruzione.RadIniz, 0.0f);
+        QCOMPARE(ElementoInCostruzione.RadFine, 2.0f);
+        QCOMPARE(ElementoInCostruzione.RaggioOriz, 2000.0f);
+        QCOMPARE(ElementoInCostruzione.XInizio, 0);
+    }
+
+    void dopo_una_zona_annullata_il_mirino_riparte_dall_ultima_fissata() {
+        AmbienteDisegno* a = Apri(4);
+        a->ClickTasto(103);
+        a->ClickTasto(117);
+        a->ClickTasto(114);
+        QVERIFY(PremiTasto(Qt::Key_Down));
+        a->ClickTasto(114);
+        a->ClickTasto(117); // fixed at (7072, 5050)
+        a->ClickTasto(114);
+        QVERIFY(PremiTasto(Qt::Key_Right));
+        a->ClickTasto(114);
+        a->ClickTasto(118); // cancelled at (7122, 5050)
+        a->ClickTasto(114);
+        QCOMPARE(ElementoInCostruzione.XCentro, 7072.0f);
+        QCOMPARE(ElementoInCostruzione.YCentro, 5050.0f);
+        QCOMPARE(NumeroAzioni, 2);
+    }
+
     void forme_piene_o_vuote_cambia_l_immagine_del_tasto() {
         AmbienteDisegno* a = Apri(4);
         a->ClickTasto(116);
