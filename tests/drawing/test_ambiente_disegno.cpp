@@ -309,6 +309,83 @@ private slots:
         }
     }
 
+    // Every button in every state this screen can reach now: it acts where its
+    // condition holds and refuses with a beep, changing nothing, where it fails.
+    void ogni_tasto_in_ogni_stato_agisce_o_rifiuta_data() {
+        QTest::addColumn<QString>("stato");
+        QTest::addColumn<int>("tasto");
+        for (const char* stato :
+             {"Libero", "Elemento aperto linea", "Elemento aperto arco",
+              "Elemento aperto rettangolo", "Elemento aperto ellisse", "Elemento in movimento",
+              "Zona in movimento", "Zona ferma", "Libero con un disegno"})
+            for (int tasto = 101; tasto <= 132; ++tasto)
+                QTest::newRow(qPrintable(QStringLiteral("%1/%2").arg(stato).arg(tasto)))
+                    << QString::fromLatin1(stato) << tasto;
+    }
+    void ogni_tasto_in_ogni_stato_agisce_o_rifiuta() {
+        QFETCH(QString, stato);
+        QFETCH(int, tasto);
+        AmbienteDisegno* a = Apri(4);
+        const QMap<QString, QList<int16_t>> preparazioni = {
+            {"Libero", {}},
+            {"Elemento aperto linea", {101}},
+            {"Elemento aperto arco", {102}},
+            {"Elemento aperto rettangolo", {103}},
+            {"Elemento aperto ellisse", {104}},
+            {"Elemento in movimento", {101, 106}},
+            {"Zona in movimento", {103, 117, 114}},
+            {"Zona ferma", {103, 117, 114, 114}},
+            {"Libero con un disegno", {103, 117}},
+        };
+        for (int16_t t : preparazioni.value(stato))
+            a->ClickTasto(t);
+        QCOMPARE(ContatoreBip, 0);
+        const int16_t p = PrimitivaAttiva, c = ComandoModifica, o = OggettoAttivo;
+        const int32_t n = NumeroAzioni;
+        const bool ultimaZona = n > 0 && Azioni[n].TipoAzione == TipiAzione::Colorazione;
+        const QList<int16_t> dopo = {115, 119, 120, 121, 123, 124, 125,
+                                     126, 127, 128, 129, 130, 131, 132};
+        bool agisce = false;
+        if (tasto == c && c > 0)
+            agisce = true; // the red button ends its command
+        else if (dopo.contains(static_cast<int16_t>(tasto)))
+            agisce = false; // their panels come later: a beep
+        else if (tasto <= 104)
+            agisce = c < 1 && p < 1 && o != 1;
+        else if (tasto == 105 || tasto == 106)
+            agisce = p == 101;
+        else if (tasto >= 107 && tasto <= 109)
+            agisce = p == 102;
+        else if (tasto == 110)
+            agisce = p == 102 || p == 104;
+        else if (tasto == 111 || tasto == 112)
+            agisce = o != 0 || p == 102 || p == 103 || p == 104 || p == 120;
+        else if (tasto == 113)
+            agisce = o != 0 || p != 0;
+        else if (tasto == 114)
+            agisce = n != 0 && c < 1 && p < 1;
+        else if (tasto == 116)
+            agisce = true;
+        else if (tasto == 117)
+            agisce = p != 0 || o != 0;
+        else if (tasto == 118)
+            agisce = o == 1 || !(c < 1 && p < 1); // history needs the undo panel
+        else if (tasto == 122)
+            agisce = n != 0 && p < 1 && o != 1 && !ultimaZona;
+        a->ClickTasto(static_cast<int16_t>(tasto));
+        if (agisce) {
+            QCOMPARE(ContatoreBip, 0);
+            if (tasto != 116)
+                QVERIFY(PrimitivaAttiva != p || ComandoModifica != c || NumeroAzioni != n);
+        } else {
+            QCOMPARE(ContatoreBip, 1);
+            QCOMPARE(PrimitivaAttiva, p);
+            QCOMPARE(ComandoModifica, c);
+            QCOMPARE(OggettoAttivo, o);
+            QCOMPARE(NumeroAzioni, n);
+        }
+    }
+
     void un_nuovo_arco_fissato_subito_finisce_a_2_radianti() {
         AmbienteDisegno* a = Apri(4);
         a->ClickTasto(102);
