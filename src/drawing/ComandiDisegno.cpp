@@ -8,8 +8,10 @@
 #include "model/CopiaLavoro.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
+#include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroSceltaDirezione.h"
+#include "panels/QuadroSceltaRibaltamenti.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -97,6 +99,23 @@ void ComandiDisegno::TastoDisegno_Click(int16_t indice) {
     case 116:
         SceltaFormePieneVuote();
         return;
+    case 120:
+        NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 1 ? SelezionaOggetto()
+                                                                   : a_.Rifiuta();
+        return;
+    case 123:
+        liberoDaElementi&& OggettoAttivo != 0 ? Ribalta() : a_.Rifiuta();
+        return;
+    case 125:
+        OggettoAttivo != 1 && NumeroElementiAttivi != 0 ? DisegnaUltimoOggetto() : a_.Rifiuta();
+        return;
+    case 126:
+        CopiaOSposta_Click();
+        return;
+    case 127:
+        NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 0 ? EliminaOggetto()
+                                                                   : a_.Rifiuta();
+        return;
     case 122:
         if (NumeroAzioni != 0 && PrimitivaAttiva < 1 && OggettoAttivo != 1 &&
             Azioni[NumeroAzioni].TipoAzione != TipiAzione::Colorazione)
@@ -108,7 +127,7 @@ void ComandiDisegno::TastoDisegno_Click(int16_t indice) {
         ChiudiAmbiente();
         return;
     default:
-        // The colour, settings, object, text, picture, file and print commands
+        // The colour, settings, element choice, text, picture, file and print commands
         // come with their own panels; until then they only answer with a beep.
         a_.Rifiuta();
         return;
@@ -116,6 +135,15 @@ void ComandiDisegno::TastoDisegno_Click(int16_t indice) {
 }
 
 void ComandiDisegno::FineComandoModifica() {
+    if (OggettoAttivo == 1 && ComandoModifica >= 111 && ComandoModifica <= 113) {
+        // The box a resize stretches against is the one the group has now.
+        ModoIngombro = 1;
+        CalcolaIngombro();
+        RiferimentoXMin = IngombroXMin;
+        RiferimentoYMin = IngombroYMin;
+        RiferimentoXMax = IngombroXMax;
+        RiferimentoYMax = IngombroYMax;
+    }
     if (ModalitàFunzionamento == 3 && MovimentoAttivo == 1) {
         ParcheggiaMouse();
         ApriQuadroSceltaDirezione();
@@ -221,6 +249,26 @@ void ComandiDisegno::Fissa() {
             MirinoY = ElementoInCostruzione.YCentro;
             q.Refresh();
         }
+        if (PrimitivaAttiva == 120) {
+            // The box is no action: it only says what to select.
+            EseguiPassi({{1234, [] { PrendiRettangoloSelezione(ElementoInCostruzione); }}});
+            a_.ImpostaColoreCorona(120, Verde);
+            PrimitivaAttiva = 0;
+            a_.Motore.TastoCorrente = 117;
+            a_.AggiornaCorone();
+            SelezionaElementi();
+            if (NumeroElementiAttivi == 0) {
+                q.Refresh();
+                ParcheggiaMouse();
+                Messaggio(TestoNessunElementoSelezionato, 1, 1);
+            } else {
+                q.DrawWidth = 1;
+                q.DrawStyle = 2;
+                TracciaElementoAttivo(q);
+            }
+            a_.Riprendi();
+            return;
+        }
         EseguiPassi({{1236, [&q] { FissaElemento(q); }}});
         if (IndiceElementoInModifica != 0)
             SostituisciElementoInModifica();
@@ -236,6 +284,7 @@ void ComandiDisegno::Fissa() {
         return;
     }
     if (OggettoAttivo == 1) {
+        if (CopiaOSposta == 2) RimuoviSelezione();
         AggiungiElementiAttivi();
         q.DrawStyle = 0;
         a_.RidisegnoCompleto();
@@ -278,6 +327,76 @@ void ComandiDisegno::Annulla() {
     a_.RidisegnoCompleto();
     q.Refresh();
     a_.Corone.value(a_.Motore.TastoCorrente)->show();
+    a_.Riprendi();
+}
+
+void ComandiDisegno::SelezionaOggetto() {
+    SezioneCorrente = 1240;
+    PrimitivaAttiva = 120;
+    RecordAzione e;
+    e.TipoAzione = TipiAzione::RettangoloSelezione;
+    e.XInizio = Predefiniti::XInizio;
+    e.YInizio = Predefiniti::YInizio;
+    e.XFine = Predefiniti::XFine;
+    e.YFine = Predefiniti::YFine;
+    e.FlagPienoVuoto = FlagPieno;
+    e.SpessLinea = 1;
+    ElementoInCostruzione = e;
+    Superficie& q = a_.Quadro;
+    q.DrawStyle = 2;
+    q.DrawWidth = 1;
+    q.ForeColor = 0;
+    q.FillStyle = 1;
+    q.AutoRedraw = true;
+    q.AutoRedraw = false;
+    TracciaElementoAttivo(q);
+    a_.ImpostaColoreCorona(120, Blu);
+    // The box starts moving at once.
+    ComandoModifica = 113;
+    a_.Motore.TastoCorrente = 113;
+    a_.AggiornaCorone();
+    a_.ImpostaColoreCorona(113, Rosso);
+    a_.ApriSceltaDirezione();
+}
+
+void ComandiDisegno::Ribalta() {
+    SezioneCorrente = 1246;
+    ParcheggiaMouse();
+    // Beside the column of buttons, level with the one that opened it.
+    ApriQuadroSceltaRibaltamenti(14144 - 795, 2940 - 45 + 260);
+    if (RibaltamentoScelto == 5) {
+        a_.Riprendi();
+        return;
+    }
+    RibaltaElementiAttivi(RibaltamentoScelto);
+    TracciaElementoAttivo(a_.Quadro);
+    a_.Riprendi();
+}
+
+void ComandiDisegno::DisegnaUltimoOggetto() {
+    SezioneCorrente = 1250;
+    RidisegnaUltimoOggetto();
+    a_.Quadro.DrawWidth = 1;
+    a_.Quadro.DrawStyle = 2;
+    OggettoAttivo = 1;
+    TracciaElementoAttivo(a_.Quadro);
+    a_.Riprendi();
+}
+
+void ComandiDisegno::CopiaOSposta_Click() {
+    CopiaOSposta = CopiaOSposta == 1 ? 2 : 1;
+    ImpostaIcona(a_.Tasti.value(126), CopiaOSposta == 2
+                                          ? QStringLiteral(":/icone/ambiente/sposta.svg")
+                                          : QStringLiteral(":/icone/ambiente/copia.svg"));
+    a_.Tasti.value(126)->repaint();
+    a_.Riprendi();
+}
+
+void ComandiDisegno::EliminaOggetto() {
+    SezioneCorrente = 1254;
+    RimuoviSelezione();
+    OggettoAttivo = 0;
+    a_.RidisegnoCompleto();
     a_.Riprendi();
 }
 

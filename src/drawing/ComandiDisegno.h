@@ -21,6 +21,11 @@ private:
     void Fissa();
     void Annulla();
     void DuplicaUltima();
+    void SelezionaOggetto();
+    void Ribalta();
+    void DisegnaUltimoOggetto();
+    void CopiaOSposta_Click();
+    void EliminaOggetto();
     void ChiudiAmbiente();
 
     AmbienteDisegno& a_;

@@ -144,8 +144,22 @@ void Mirino() {
     Sposta(r.XCentro, r.YCentro);
 }
 
+// While a key walks the group, the measure taken for each element is carried
+// on from the previous one: the same figures as a whole measure, in linear time.
+IngombroProgressivo* MisuraGruppo = nullptr;
+int16_t ElementoGruppo = 0;
+
+struct MisuraDelPasso {
+    IngombroProgressivo misura;
+    MisuraDelPasso() { MisuraGruppo = &misura; }
+    ~MisuraDelPasso() { MisuraGruppo = nullptr; }
+    MisuraDelPasso(const MisuraDelPasso&) = delete;
+    MisuraDelPasso& operator=(const MisuraDelPasso&) = delete;
+};
+
 // The head of 111 to 113 on a group: a key already stopped at the edge is
-// refused at once; any other frees it and the group is measured afresh.
+// refused at once; any other frees it and the group is measured afresh, on a
+// group whose earlier elements have already taken the step.
 bool TestaOggetto() {
     if (OggettoAttivo != 1) return true;
     if (BloccoBordo == TastoMovimento) {
@@ -154,7 +168,10 @@ bool TestaOggetto() {
     }
     BloccoBordo = 0;
     ModoIngombro = 1;
-    CalcolaIngombro();
+    if (MisuraGruppo)
+        MisuraGruppo->Misura(ElementoGruppo);
+    else
+        CalcolaIngombro();
     return true;
 }
 
@@ -393,7 +410,9 @@ void ApplicaTastoMovimento(Superficie& quadro) {
     // An object that is active beside an open element takes the same key.
     if (OggettoAttivo == 1) {
         const QList<RecordAzione> salvati = ElementiAttivi;
+        const MisuraDelPasso misura;
         for (int16_t i = 1; i <= NumeroElementiAttivi; ++i) {
+            ElementoGruppo = i;
             CopiaGeometria(ElementiAttivi[i], RecordLavoro, true);
             MotoreMovimento();
             if (BloccoBordo > 0) break;

@@ -120,6 +120,70 @@ void Allarga(int32_t valore, int32_t& minimo, int32_t& massimo) {
     massimo = std::max(massimo, valore);
 }
 
+// The extent of one element; false for a type that has none.
+bool EstensioneElemento(const RecordAzione& a, Estensione& e) {
+    switch (a.TipoAzione) {
+    case TipiAzione::Linea:
+    case TipiAzione::Rettangolo:
+    case TipiAzione::Testo:
+    case TipiAzione::Immagine:
+        e = {Intero16Di(a.XInizio), Intero16Di(a.YInizio), Intero16Di(a.XFine),
+             Intero16Di(a.YFine)};
+        return true;
+    case TipiAzione::Arco:
+        e = ModoIngombro == 1 ? RimeEllisse(a) : ContornoArco(a);
+        return true;
+    case TipiAzione::Ellisse:
+        e = RimeEllisse(a);
+        return true;
+    case TipiAzione::Colorazione:
+        e.X1 = e.X2 = Intero(a.XCentro);
+        e.Y1 = e.Y2 = Intero(a.YCentro);
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Each end is tested against both edges: the order of X1 and X2 doesn't matter.
+void AllargaIngombro(const Estensione& e) {
+    Allarga(e.X1, IngombroXMin, IngombroXMax);
+    Allarga(e.X2, IngombroXMin, IngombroXMax);
+    Allarga(e.Y1, IngombroYMin, IngombroYMax);
+    Allarga(e.Y2, IngombroYMin, IngombroYMax);
+}
+
+void ConcludiIngombro() {
+    MezzaLarghezzaIngombro = Intero(std::fabs(double(IngombroXMax) - double(IngombroXMin)) / 2.0);
+    MezzaAltezzaIngombro = Intero(std::fabs(double(IngombroYMax) - double(IngombroYMin)) / 2.0);
+}
+
+using Scatola = IngombroProgressivo::Scatola;
+
+// The canvas turned inside out, where every measure starts.
+Scatola Rovesciato() {
+    return {LarghezzaQuadroDisegno, AltezzaQuadroDisegno, 0, 0};
+}
+
+void Allarga(Scatola& s, const Estensione& e) {
+    Allarga(e.X1, s.XMin, s.XMax);
+    Allarga(e.X2, s.XMin, s.XMax);
+    Allarga(e.Y1, s.YMin, s.YMax);
+    Allarga(e.Y2, s.YMin, s.YMax);
+}
+
+Scatola Unione(const Scatola& a, const Scatola& b) {
+    return {std::min(a.XMin, b.XMin), std::min(a.YMin, b.YMin), std::max(a.XMax, b.XMax),
+            std::max(a.YMax, b.YMax)};
+}
+
+void ScriviIngombro(const Scatola& s) {
+    IngombroXMin = s.XMin;
+    IngombroYMin = s.YMin;
+    IngombroXMax = s.XMax;
+    IngombroYMax = s.YMax;
+}
+
 } // namespace
 
 void FissaElemento(Superficie& quadro) {
@@ -178,34 +242,64 @@ void CalcolaIngombro() {
     IngombroXMax = 0;
     IngombroYMax = 0;
     for (int16_t i = 1; i <= NumeroElementiAttivi; ++i) {
-        const RecordAzione& a = ElementiAttivi.at(i);
         Estensione e;
-        switch (a.TipoAzione) {
-        case TipiAzione::Linea:
-        case TipiAzione::Rettangolo:
-        case TipiAzione::Testo:
-        case TipiAzione::Immagine:
-            e = {Intero16Di(a.XInizio), Intero16Di(a.YInizio), Intero16Di(a.XFine),
-                 Intero16Di(a.YFine)};
-            break;
-        case TipiAzione::Arco:
-            e = ModoIngombro == 1 ? RimeEllisse(a) : ContornoArco(a);
-            break;
-        case TipiAzione::Ellisse:
-            e = RimeEllisse(a);
-            break;
-        case TipiAzione::Colorazione:
-            e.X1 = e.X2 = Intero(a.XCentro);
-            e.Y1 = e.Y2 = Intero(a.YCentro);
-            break;
-        default:
-            continue; // no extent of its own
-        }
-        Allarga(e.X1, IngombroXMin, IngombroXMax);
-        Allarga(e.X2, IngombroXMin, IngombroXMax);
-        Allarga(e.Y1, IngombroYMin, IngombroYMax);
-        Allarga(e.Y2, IngombroYMin, IngombroYMax);
+        if (EstensioneElemento(ElementiAttivi.at(i), e)) AllargaIngombro(e);
     }
-    MezzaLarghezzaIngombro = Intero(std::fabs(double(IngombroXMax) - double(IngombroXMin)) / 2.0);
-    MezzaAltezzaIngombro = Intero(std::fabs(double(IngombroYMax) - double(IngombroYMin)) / 2.0);
+    ConcludiIngombro();
+}
+
+void IngombroProgressivo::Misura(int16_t indice) {
+    if (indice_ == 0 || indice <= indice_ || indice > NumeroElementiAttivi ||
+        modo_ != ModoIngombro || numero_ != NumeroElementiAttivi)
+        Prepara(indice);
+    else
+        Avanza(indice);
+}
+
+// The whole measure, as CalcolaIngombro takes it, keeping the box of what
+// follows each element.
+void IngombroProgressivo::Prepara(int16_t indice) {
+    indice_ = 0;
+    const int16_t n = NumeroElementiAttivi;
+    std::vector<Scatola> singole(size_t(std::max<int16_t>(n, 0)) + 2, Rovesciato());
+    IngombroXMin = LarghezzaQuadroDisegno;
+    IngombroYMin = AltezzaQuadroDisegno;
+    IngombroXMax = 0;
+    IngombroYMax = 0;
+    for (int16_t i = 1; i <= n; ++i) {
+        Estensione e;
+        if (!EstensioneElemento(ElementiAttivi.at(i), e)) continue;
+        AllargaIngombro(e);
+        Allarga(singole[size_t(i)], e);
+    }
+    ConcludiIngombro();
+    dopo_.assign(singole.size(), Rovesciato());
+    for (int16_t i = n; i >= 1; --i)
+        dopo_[size_t(i)] = Unione(singole[size_t(i)], dopo_[size_t(i) + 1]);
+    prima_ = Rovesciato();
+    for (int16_t i = 1; i < indice && i <= n; ++i)
+        prima_ = Unione(prima_, singole[size_t(i)]);
+    indice_ = std::max<int16_t>(indice, 1);
+    modo_ = ModoIngombro;
+    numero_ = n;
+}
+
+// Only the elements changed since the previous call are measured again; the
+// rest is the box kept of what follows. A fault leaves the globals as the
+// whole measure would have left them at the same element.
+void IngombroProgressivo::Avanza(int16_t indice) {
+    const int16_t da = indice_;
+    indice_ = 0;
+    Scatola prima = prima_;
+    ScriviIngombro(prima);
+    for (int16_t i = da; i < indice; ++i) {
+        Estensione e;
+        if (!EstensioneElemento(ElementiAttivi.at(i), e)) continue;
+        AllargaIngombro(e);
+        Allarga(prima, e);
+    }
+    prima_ = prima;
+    ScriviIngombro(Unione(prima, dopo_[size_t(indice)]));
+    ConcludiIngombro();
+    indice_ = indice;
 }

@@ -1,12 +1,20 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
+#include <QHash>
 #include <QImage>
+#include <QList>
 #include <QString>
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
+#include <tuple>
+#include <unordered_map>
+#include <vector>
 
 class QPainter;
 
@@ -123,8 +131,43 @@ public:
     std::function<void()> AvvisoSchermo;
 
 private:
+    // The font of the state and its measures, made again only when the state
+    // changes: building a font and its metrics costs more than printing a word.
+    struct Caratteri {
+        QString Nome;
+        float Dimensione = 0;
+        bool Grassetto = false;
+        bool Corsivo = false;
+        QFont Font;
+        QString Chiave; // names the font; a line's text is added to it
+        std::optional<QFontMetricsF> Metriche;
+        double Ascesa = 0;
+        double AltezzaRiga = 0;
+    };
+    // A thin ellipse as Qt draws it, kept as runs of pixels from its centre:
+    // the overlay draws the same shapes again at every step, only moved.
+    struct Timbro {
+        struct Pezzo {
+            int Y;
+            int Da;
+            int Fino; // left out
+        };
+        std::vector<Pezzo> Pennello;
+        std::vector<Pezzo> Penna;
+    };
+    // A line of text as Qt prints it, as runs of pixels from the start of its
+    // baseline: a replay prints the same words in the same fonts many times.
+    struct Scritta {
+        std::vector<Timbro::Pezzo> Pezzi;
+    };
+    const Timbro& TimbroEllisse(double rx, double ry, bool pieno);
+    void Timbra(const std::vector<Timbro::Pezzo>& pezzi, QPoint centro, const QColor& colore);
+    const Caratteri& CaratteriCorrenti() const;
+    const Scritta& ScrittaDi(const QString& riga) const;
     QFont FontCorrente() const;
     void Avvisa();
+    // The layer being drawn on, for writing its pixels directly.
+    QImage& StratoDiretto();
     // One painter stays open on the layer being drawn on from one operation to
     // the next, and is closed before anyone reads or copies a layer: opening a
     // painter costs more than most single operations.
@@ -139,6 +182,10 @@ private:
     float alto_ = 0;
     float larghezza_ = 0;
     float altezza_ = 0;
+    mutable std::unordered_map<QString, Caratteri> caratteri_;
+    mutable const Caratteri* ultimiCaratteri_ = nullptr;
+    mutable QHash<QString, Scritta> scritte_;
+    std::map<std::tuple<double, double, int16_t, bool>, Timbro> timbri_;
     mutable std::unique_ptr<QPainter> pittore_;
     mutable const QImage* stratoPittore_ = nullptr;
 };

@@ -6,7 +6,23 @@
 #include "start/Numeri.h"
 #include "start/Utilita.h"
 
+#include <QHash>
+
+#include <utility>
+
 namespace {
+
+// The pictures already read in the replay under way: a drawing shows the same
+// picture many times, and even asking whether its file has changed costs more
+// than drawing it. A picture that failed is not kept, so it fails again.
+QHash<QString, QImage>* LetteNellaTraccia = nullptr;
+
+QImage Figura(const QString& percorso) {
+    if (!LetteNellaTraccia) return Superficie::LoadPicture(percorso);
+    auto letta = LetteNellaTraccia->constFind(percorso);
+    if (letta != LetteNellaTraccia->constEnd()) return *letta;
+    return *LetteNellaTraccia->insert(percorso, Superficie::LoadPicture(percorso));
+}
 
 // Single division as the program does it: x/0 is error 11, 0/0 error 6.
 float Aspetto(float verticale, float orizzontale) {
@@ -96,8 +112,8 @@ void TracciaAzione(Superficie& s, const RecordAzione& a) {
         TracciaTesto(s, a);
         break;
     case TipiAzione::Immagine:
-        s.PaintPicture(Superficie::LoadPicture(a.NomeFileImmagine), float(a.XInizio),
-                       float(a.YInizio), float(a.XFine - a.XInizio), float(a.YFine - a.YInizio));
+        s.PaintPicture(Figura(a.NomeFileImmagine), float(a.XInizio), float(a.YInizio),
+                       float(a.XFine - a.XInizio), float(a.YFine - a.YInizio));
         break;
     default:
         break; // other codes draw nothing
@@ -108,6 +124,12 @@ void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista) {
     // The index lives outside the step, so that a retry starts again at the
     // action that failed and not at the first one.
     int32_t indice = PrimaAzioneTraccia;
+    QHash<QString, QImage> lette;
+    QHash<QString, QImage>* const prima = std::exchange(LetteNellaTraccia, &lette);
+    struct Ripristino {
+        QHash<QString, QImage>* Prima;
+        ~Ripristino() { LetteNellaTraccia = Prima; }
+    } ripristino{prima};
     EseguiPassi({
         {3200, [&] { superficie.AutoRedraw = true; }},
         {3210,

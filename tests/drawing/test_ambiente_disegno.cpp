@@ -317,7 +317,8 @@ private slots:
         for (const char* stato :
              {"Libero", "Elemento aperto linea", "Elemento aperto arco",
               "Elemento aperto rettangolo", "Elemento aperto ellisse", "Elemento in movimento",
-              "Zona in movimento", "Zona ferma", "Libero con un disegno"})
+              "Zona in movimento", "Zona ferma", "Libero con un disegno", "Riquadro in movimento",
+              "Riquadro fermo", "Oggetto", "Oggetto in movimento"})
             for (int tasto = 101; tasto <= 132; ++tasto)
                 QTest::newRow(qPrintable(QStringLiteral("%1/%2").arg(stato).arg(tasto)))
                     << QString::fromLatin1(stato) << tasto;
@@ -336,6 +337,10 @@ private slots:
             {"Zona in movimento", {103, 117, 114}},
             {"Zona ferma", {103, 117, 114, 114}},
             {"Libero con un disegno", {103, 117}},
+            {"Riquadro in movimento", {103, 117, 120}},
+            {"Riquadro fermo", {103, 117, 120, 113}},
+            {"Oggetto", {103, 117, 120, 113, 117}},
+            {"Oggetto in movimento", {103, 117, 120, 113, 117, 112}},
         };
         for (int16_t t : preparazioni.value(stato))
             a->ClickTasto(t);
@@ -343,8 +348,7 @@ private slots:
         const int16_t p = PrimitivaAttiva, c = ComandoModifica, o = OggettoAttivo;
         const int32_t n = NumeroAzioni;
         const bool ultimaZona = n > 0 && Azioni[n].TipoAzione == TipiAzione::Colorazione;
-        const QList<int16_t> dopo = {115, 119, 120, 121, 123, 124, 125,
-                                     126, 127, 128, 129, 130, 131, 132};
+        const QList<int16_t> dopo = {115, 119, 121, 124, 128, 129, 130, 131, 132};
         bool agisce = false;
         if (tasto == c && c > 0)
             agisce = true; // the red button ends its command
@@ -364,19 +368,31 @@ private slots:
             agisce = o != 0 || p != 0;
         else if (tasto == 114)
             agisce = n != 0 && c < 1 && p < 1;
-        else if (tasto == 116)
+        else if (tasto == 116 || tasto == 126)
             agisce = true;
+        else if (tasto == 120)
+            agisce = n != 0 && c < 1 && p < 1 && o != 1;
+        else if (tasto == 123)
+            agisce = c < 1 && p < 1 && o != 0;
+        else if (tasto == 125)
+            agisce = o != 1 && NumeroElementiAttivi != 0;
+        else if (tasto == 127)
+            agisce = n != 0 && c < 1 && p < 1 && o != 0;
         else if (tasto == 117)
             agisce = p != 0 || o != 0;
         else if (tasto == 118)
             agisce = o == 1 || !(c < 1 && p < 1); // history needs the undo panel
         else if (tasto == 122)
             agisce = n != 0 && p < 1 && o != 1 && !ultimaZona;
+        Copione copione(*orologio);
+        if (agisce && tasto == 123) copione.Tasto(Qt::Key_Return); // the flip panel: a flip
+        copione.Avvia();
         a->ClickTasto(static_cast<int16_t>(tasto));
         if (agisce) {
             QCOMPARE(ContatoreBip, 0);
-            if (tasto != 116)
-                QVERIFY(PrimitivaAttiva != p || ComandoModifica != c || NumeroAzioni != n);
+            if (tasto != 116 && tasto != 126 && tasto != 123)
+                QVERIFY(PrimitivaAttiva != p || ComandoModifica != c || NumeroAzioni != n ||
+                        OggettoAttivo != o);
         } else {
             QCOMPARE(ContatoreBip, 1);
             QCOMPARE(PrimitivaAttiva, p);

@@ -3,15 +3,18 @@
 
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
+#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
+#include <QPainter>
 #include <QSet>
 #include <QtTest>
 
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -59,6 +62,38 @@ int ContaColore(const QImage& img, int32_t colore) {
     return n;
 }
 
+// Distance of pixel (x, y) from the segment a-b, all in pixels.
+double DistanzaDalSegmento(double x, double y, QPointF a, QPointF b) {
+    const QPointF ab = b - a;
+    const double l2 = QPointF::dotProduct(ab, ab);
+    const double t =
+        l2 > 0 ? std::clamp(QPointF::dotProduct(QPointF(x, y) - a, ab) / l2, 0.0, 1.0) : 0;
+    const QPointF p = a + ab * t;
+    return std::hypot(x - p.x(), y - p.y());
+}
+
+// Can the background round pixel (x, y) reach the edge of the image through
+// 4-connected background pixels? That is how a fill would leak.
+bool SfondoArrivaAlBordo(const QImage& img, int x, int y) {
+    const int w = img.width();
+    const int h = img.height();
+    std::vector<char> visto(size_t(w) * size_t(h), 0);
+    std::vector<QPoint> pila{QPoint(x, y)};
+    while (!pila.empty()) {
+        const QPoint p = pila.back();
+        pila.pop_back();
+        if (p.x() < 0 || p.y() < 0 || p.x() >= w || p.y() >= h) return true;
+        char& v = visto[size_t(p.y()) * size_t(w) + size_t(p.x())];
+        if (v || Colore(img, p.x(), p.y()) != Sfondo) continue;
+        v = 1;
+        pila.push_back(p + QPoint(1, 0));
+        pila.push_back(p - QPoint(1, 0));
+        pila.push_back(p + QPoint(0, 1));
+        pila.push_back(p - QPoint(0, 1));
+    }
+    return false;
+}
+
 } // namespace
 
 class TestSuperficie : public QObject {
@@ -96,6 +131,12 @@ private slots:
     void cambio_di_sfondo_pulisce_il_bitmap();
     void scala_utente_e_scala_in_pixel();
     void immagine_salvata_come_bmp_si_rilegge_uguale();
+    void linea_punteggiata_larga_ha_punti_sulla_linea_e_buchi();
+    void ellisse_punteggiata_larga_ha_punti_sulla_curva_e_buchi();
+    void forme_spesse_chiuse_non_lasciano_uscire_lo_sfondo();
+    void cerchio_sottile_sullo_schermo_e_uguale_a_quello_nella_bitmap();
+    void print_ha_gli_stessi_pixel_del_testo_di_qt();
+    void lo_stesso_testo_in_due_font_alternati_resta_uguale();
 };
 
 void TestSuperficie::quadro_di_14144_per_10000_twips_e_943_per_667_pixel_a_96_dpi() {
@@ -481,6 +522,183 @@ void TestSuperficie::immagine_salvata_come_bmp_si_rilegge_uguale() {
     QCOMPARE(Colore(letta, 200, 150), Verde);
     QCOMPARE(Colore(letta, 100, 150), Rosso);
     QCOMPARE(Colore(letta, 600, 500), Sfondo);
+}
+
+void TestSuperficie::linea_punteggiata_larga_ha_punti_sulla_linea_e_buchi() {
+    for (const int16_t larghezza : {2, 3, 5}) {
+        Quadro q;
+        q.S.DrawStyle = 2;
+        q.S.DrawWidth = larghezza;
+        const QPointF a(100, 100);
+        const QPointF b(700, 400);
+        q.S.Line(float(a.x() * 15), float(a.y() * 15), float(b.x() * 15), float(b.y() * 15), Rosso);
+        const QImage& img = q.S.Immagine();
+        int inchiostro = 0;
+        for (int y = 0; y < img.height(); ++y)
+            for (int x = 0; x < img.width(); ++x)
+                if (Colore(img, x, y) == Rosso) {
+                    ++inchiostro;
+                    QVERIFY(DistanzaDalSegmento(x, y, a, b) <= larghezza / 2.0 + 1.0);
+                }
+        // Dots one pen wide every three: about a third of the solid band.
+        const double pieno = std::hypot(600.0, 300.0) * larghezza;
+        QVERIFY(inchiostro > 0.2 * pieno);
+        QVERIFY(inchiostro < 0.5 * pieno);
+        // Along the line ink and gaps take turns.
+        int cambi = 0;
+        bool prima = false;
+        for (int i = 0; i <= 600; ++i) {
+            const QPointF p = a + (b - a) * (i / 600.0);
+            const bool ora = Colore(img, int(std::lround(p.x())), int(std::lround(p.y()))) == Rosso;
+            if (i > 0 && ora != prima) ++cambi;
+            prima = ora;
+        }
+        QVERIFY(cambi > 2 * 670 / (3 * larghezza) - 10);
+    }
+}
+
+void TestSuperficie::ellisse_punteggiata_larga_ha_punti_sulla_curva_e_buchi() {
+    Quadro q;
+    q.S.DrawStyle = 2;
+    q.S.DrawWidth = 3;
+    q.S.Circle(7500, 5000, 3000, Rosso, 0.5f); // 200 by 100 px round (500, 333)
+    const QImage& img = q.S.Immagine();
+    const double cx = 500;
+    const double cy = 5000 / 15.0;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            if (Colore(img, x, y) == Rosso) {
+                // Within the pen's half width and a pixel of the ellipse.
+                const double t = std::atan2((cy - y) / 100.0, (x - cx) / 200.0);
+                double vicino = 1e9;
+                for (int k = -20; k <= 20; ++k) {
+                    const double u = t + k * 0.005;
+                    vicino = std::min(vicino, std::hypot(x - (cx + 200 * std::cos(u)),
+                                                         y - (cy - 100 * std::sin(u))));
+                }
+                QVERIFY(vicino <= 2.5);
+            }
+    int sulla = 0;
+    for (int i = 0; i < 1000; ++i) {
+        const double u = i * 2 * 3.14159265358979 / 1000;
+        if (Colore(img, int(std::lround(cx + 200 * std::cos(u))),
+                   int(std::lround(cy - 100 * std::sin(u)))) == Rosso)
+            ++sulla;
+    }
+    QVERIFY(sulla > 200);
+    QVERIFY(sulla < 550);
+}
+
+void TestSuperficie::forme_spesse_chiuse_non_lasciano_uscire_lo_sfondo() {
+    for (const int16_t larghezza : {2, 3, 4, 7}) {
+        for (const float aspetto : {1.0f, 0.37f, 2.9f}) {
+            Quadro q;
+            q.S.DrawWidth = larghezza;
+            q.S.Circle(7000, 5000, 2000 + 97 * larghezza, Rosso, aspetto);
+            QVERIFY(
+                !SfondoArrivaAlBordo(q.S.Immagine(), q.S.PuntoPixelX(7000), q.S.PuntoPixelY(5000)));
+        }
+        Quadro q;
+        q.S.DrawWidth = larghezza;
+        q.S.Box(1007, 1013, 6011, 4019, Rosso);
+        QVERIFY(!SfondoArrivaAlBordo(q.S.Immagine(), 200, 150));
+        // Four lines meeting at their ends close a slanted square.
+        Quadro l;
+        l.S.DrawWidth = larghezza;
+        l.S.Line(3000, 1000, 5000, 3000, Rosso);
+        l.S.Line(5000, 3000, 3000, 5000, Rosso);
+        l.S.Line(3000, 5000, 1000, 3000, Rosso);
+        l.S.Line(1000, 3000, 3000, 1000, Rosso);
+        QVERIFY(!SfondoArrivaAlBordo(l.S.Immagine(), 200, 200));
+    }
+}
+
+void TestSuperficie::cerchio_sottile_sullo_schermo_e_uguale_a_quello_nella_bitmap() {
+    // The screen layer keeps thin ellipses as runs of pixels; the bitmap has
+    // Qt draw each one. Both must give the same pixels wherever they land.
+    for (const int16_t riempimento : {0, 1}) {
+        for (const float raggio : {50.0f, 333.0f, 1234.5f}) {
+            Quadro q;
+            q.S.FillStyle = riempimento;
+            q.S.FillColor = Verde;
+            const float posti[][2] = {{1000, 1000}, {7007, 5003}, {14100, 9990}, {-20, 3000}};
+            for (const auto& posto : posti) {
+                q.S.AutoRedraw = true;
+                q.S.Circle(posto[0], posto[1], raggio, Rosso, 0.7f);
+                q.S.AutoRedraw = false;
+                q.S.Circle(posto[0], posto[1], raggio, Rosso, 0.7f);
+                q.S.Circle(posto[0] + 7.5f, posto[1] + 22.5f, raggio, Blu, 0.7f);
+            }
+            QImage bitmap = q.S.Immagine();
+            // The bitmap again with the moved copies, drawn by Qt.
+            q.S.AutoRedraw = true;
+            for (const auto& posto : posti)
+                q.S.Circle(posto[0] + 7.5f, posto[1] + 22.5f, raggio, Blu, 0.7f);
+            QCOMPARE(q.S.Schermo(), q.S.Immagine());
+            QVERIFY(bitmap != q.S.Immagine());
+        }
+    }
+}
+
+void TestSuperficie::print_ha_gli_stessi_pixel_del_testo_di_qt() {
+    for (const bool grassetto : {false, true}) {
+        for (const bool corsivo : {false, true}) {
+            for (const float dimensione : {8.25f, 13.0f, 27.5f}) {
+                Quadro q;
+                q.S.FontName = QStringLiteral("Times New Roman");
+                q.S.FontSize = dimensione;
+                q.S.FontBold = grassetto;
+                q.S.FontItalic = corsivo;
+                q.S.ForeColor = Blu;
+                const QString riga = QStringLiteral("Una casa, con il tetto rosso: WAV fij");
+                q.S.CurrentX = 1507;
+                q.S.CurrentY = 2011;
+                q.S.Print(riga);
+                const QPoint primo(q.S.PuntoPixelX(1507), q.S.PuntoPixelY(2011));
+                const QPoint secondo(q.S.PuntoPixelX(14000), q.S.PuntoPixelY(q.S.CurrentY));
+                q.S.CurrentX = 14000; // runs off the right edge
+                q.S.Print(QStringLiteral("Sole"));
+
+                QImage atteso(q.S.LarghezzaPixel(), q.S.AltezzaPixel(), QImage::Format_RGB32);
+                atteso.setDotsPerMeterX(q.S.Immagine().dotsPerMeterX());
+                atteso.setDotsPerMeterY(q.S.Immagine().dotsPerMeterY());
+                atteso.fill(ColoreQt(Sfondo));
+                QFont font(q.S.FontName);
+                font.setPointSizeF(dimensione);
+                font.setBold(grassetto);
+                font.setItalic(corsivo);
+                font.setStyleStrategy(QFont::NoAntialias);
+                {
+                    QPainter p(&atteso);
+                    p.setRenderHint(QPainter::Antialiasing, false);
+                    p.setRenderHint(QPainter::TextAntialiasing, false);
+                    p.setFont(font);
+                    p.setPen(ColoreQt(Blu));
+                    const double ascesa = std::round(QFontMetricsF(font, &atteso).ascent());
+                    p.drawText(QPointF(primo.x(), primo.y() + ascesa), riga);
+                    p.drawText(QPointF(secondo.x(), secondo.y() + ascesa), QStringLiteral("Sole"));
+                }
+                QCOMPARE(q.S.Immagine(), atteso);
+            }
+        }
+    }
+}
+
+void TestSuperficie::lo_stesso_testo_in_due_font_alternati_resta_uguale() {
+    Quadro a;
+    Quadro b;
+    for (int i = 0; i < 3; ++i) {
+        for (Quadro* q : {&a, &b}) {
+            q->S.FontSize = q == &a || i == 2 ? 12.0f : 20.0f;
+            q->S.FontBold = i == 1;
+            q->S.CurrentX = 1500;
+            q->S.CurrentY = 1500.0f + 1500.0f * i;
+            q->S.Print(QStringLiteral("Sole"));
+        }
+    }
+    // The last line has the same font on both: it must not pick up the other's.
+    const QRect ultima(90, 290, 300, 60);
+    QCOMPARE(a.S.Immagine().copy(ultima), b.S.Immagine().copy(ultima));
 }
 
 QTEST_MAIN(TestSuperficie)

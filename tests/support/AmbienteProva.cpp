@@ -8,6 +8,7 @@
 #include "model/ElementoAttivo.h"
 #include "model/Paint.h"
 #include "model/RecordAzione.h"
+#include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
@@ -60,6 +61,7 @@ void RipristinaGlobali() {
     DirezioneScelta = 0;
     RibaltamentoScelto = 0;
     SpostaIconaMirino = nullptr;
+    AzzeraSelezione();
     Azioni = QList<RecordAzione>{RecordAzione{}};
     NumeroAzioni = 0;
     ElementiAttivi = QList<RecordAzione>{RecordAzione{}};

@@ -40,8 +40,13 @@ Copione& Copione::Esegui(std::function<void()> azione) {
 void Copione::Avvia() {
     indice_ = 0;
     finito_ = false;
+    std::weak_ptr<int> vivo = vita_;
     QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [this] { Prossimo(); }, Qt::QueuedConnection);
+        QCoreApplication::instance(),
+        [this, vivo] {
+            if (!vivo.expired()) Prossimo();
+        },
+        Qt::QueuedConnection);
 }
 
 void Copione::Prossimo() {
@@ -53,9 +58,19 @@ void Copione::Prossimo() {
     std::function<void()> passo = passi_[indice_++];
     // The step first, then the next one: if the step opens a modal panel, the
     // panel's own loop runs the rest of the script.
-    QMetaObject::invokeMethod(QCoreApplication::instance(), passo, Qt::QueuedConnection);
+    std::weak_ptr<int> vivo = vita_;
     QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [this] { Prossimo(); }, Qt::QueuedConnection);
+        QCoreApplication::instance(),
+        [passo, vivo] {
+            if (!vivo.expired()) passo();
+        },
+        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [this, vivo] {
+            if (!vivo.expired()) Prossimo();
+        },
+        Qt::QueuedConnection);
 }
 
 void Copione::EseguiFinoAllaFine() {

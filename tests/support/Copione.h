@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 // A switch user's session as a script: keys to the front form and time on the
 // virtual clock. Each step runs from the event queue, so the script goes on
@@ -35,6 +36,8 @@ private:
     qsizetype indice_ = 0;
     bool finito_ = false;
     std::function<void()> allaFine_;
+    // Steps still queued when the script is gone must find out and do nothing.
+    std::shared_ptr<int> vita_ = std::make_shared<int>(0);
 };
 
 // Sends one key press and release to the front scanning form, as the keyboard would.

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "model/RecordAzione.h"
+
+#include <QList>
+#include <QString>
+
+#include <cstdint>
+
+// The selection of an object from the drawing, its removal from Azioni, and
+// the changes that the object commands make to ElementiAttivi. Only data
+// changes here: the caller shows the messages and draws the overlay.
+
+// The four edges of the selection box as they stood when it was fixed, with
+// no reordering: a box turned inside out selects nothing.
+struct BordiRettangolo {
+    int16_t Sinistra = 0;
+    int16_t Alto = 0;
+    int16_t Destra = 0;
+    int16_t Basso = 0;
+};
+inline BordiRettangolo RettangoloSelezione;
+
+// Indices into Azioni of the actions taken by the last selection, 1-based and
+// ascending. They outlive the object: only a new selection replaces them.
+inline QList<int16_t> ElementiSelezionati{0};
+inline int16_t NumeroElementiSelezionati = 0;
+
+// The message the caller shows, with one button, when a selection finds nothing.
+inline const QString TestoNessunElementoSelezionato =
+    QStringLiteral("ATTENZIONE!\rNessun Elemento del Disegno è stato selezionato!\r"
+                   "E' necessario modificare il Rettangolo di Selezione.\r"
+                   "Premere «OK» per proseguire!");
+
+// Takes the corners of the selection box into RettangoloSelezione, each
+// narrowed to 16 bits (error 6 "Overflow" when it can't be).
+void PrendiRettangoloSelezione(const RecordAzione& riquadro);
+
+// Empties both lists and takes every action lying wholly inside
+// RettangoloSelezione, edges included: ElementiSelezionati gets its index and
+// ElementiAttivi a copy, a fill's copy being a dot. When anything was taken the
+// group is measured with arcs as whole ellipses, the reference box and the two
+// resize steps are set from it and OggettoAttivo becomes 1; otherwise
+// NumeroElementiAttivi is 0 and the caller shows TestoNessunElementoSelezionato.
+void SelezionaElementi();
+
+// Takes the actions of ElementiSelezionati out of Azioni, keeping the order of
+// the rest and the capacity of the list. Every fill that remains becomes a dot,
+// since what it rested on may be gone.
+void RimuoviSelezione();
+
+// The four ways of RibaltamentoScelto.
+namespace Ribaltamenti {
+inline constexpr int16_t AsseDestro = 1;
+inline constexpr int16_t AsseSinistro = 2;
+inline constexpr int16_t AsseInferiore = 3;
+inline constexpr int16_t AsseSuperiore = 4;
+} // namespace Ribaltamenti
+
+// Mirrors ElementiAttivi about an edge of its box measured with arcs by their
+// true outline (ModoIngombro is left at 2). Any value but 1 to 4 changes
+// nothing. The reference box stays; nothing checks that the result stays on the
+// canvas.
+void RibaltaElementiAttivi(int16_t ribaltamento);
+
+// The last object again, 100 twips right and down, with OggettoAttivo 1.
+// Pictures stay where they were.
+void RidisegnaUltimoOggetto();
+
+// Puts the globals above back to their starting values.
+void AzzeraSelezione();

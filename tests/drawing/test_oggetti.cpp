@@ -1,0 +1,273 @@
+// Objects on the drawing screen, worked as a switch user works them: three
+// shapes drawn, two taken with the selection box, moved, flipped, fixed as a
+// copy and as a move, drawn again and deleted.
+#include "archive/Archivi.h"
+#include "archive/IstruzioniArchivio.h"
+#include "drawing/AmbienteDisegno.h"
+#include "input/QuadroMessaggi.h"
+#include "model/RecordAzione.h"
+#include "model/Selezione.h"
+#include "model/StatoAmbiente.h"
+#include "panels/QuadroSceltaRibaltamenti.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/MenuGenerale.h"
+#include "support/AmbienteProva.h"
+#include "support/Copione.h"
+#include "support/OrologioVirtuale.h"
+#include "support/Sonde.h"
+
+#include <QtTest>
+
+#include <memory>
+
+class ProvaOggetti : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+    AmbienteDisegno* a = nullptr;
+
+    AmbienteDisegno* Apri(int16_t modo) {
+        ModalitàFunzionamento = modo;
+        CodiceCartellaAttiva = 1;
+        NomeCartellaAttiva = QStringLiteral("·Disegni Generale");
+        a = CaricaAmbienteDisegno();
+        QCoreApplication::processEvents();
+        return a;
+    }
+
+    // Mode 4: the arrows walk the ring to the button, Enter fires it.
+    void Premi(int16_t indice) {
+        int passi = (indice - a->Motore.TastoCorrente + 33) % 33;
+        for (int i = 0; i < passi; ++i)
+            QVERIFY(PremiTasto(Qt::Key_Right));
+        QCOMPARE(a->Motore.TastoCorrente, indice);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+    }
+    void Frecce(Qt::Key tasto, int volte) {
+        for (int i = 0; i < volte; ++i)
+            QVERIFY(PremiTasto(tasto));
+    }
+    // The colour of the stored picture at a point in twips.
+    uint32_t Pixel(int x, int y) const {
+        return a->Quadro.Immagine().pixel(x / 15, y / 15) & 0xFFFFFFu;
+    }
+
+    // Line, rectangle 2000 to the left, ellipse 3000 to the right; all fixed.
+    void TreForme() {
+        Premi(101);
+        Premi(117);
+        Premi(103);
+        Premi(113);
+        Frecce(Qt::Key_Left, 40);
+        QVERIFY(PremiTasto(Qt::Key_Return)); // the red button ends the move
+        Premi(117);
+        Premi(104);
+        Premi(113);
+        Frecce(Qt::Key_Right, 60);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        Premi(117);
+        QCOMPARE(NumeroAzioni, 3);
+        QCOMPARE(NumeroCopieLavoro(), 3);
+    }
+
+    // The default box widened 2000 to the left takes the line and the rectangle.
+    void SelezionaDue() {
+        Premi(120);
+        QCOMPARE(PrimitivaAttiva, int16_t(120));
+        QCOMPARE(ComandoModifica, int16_t(113));
+        QVERIFY(PremiTasto(Qt::Key_Return)); // end of the box's first move
+        Premi(111);
+        Frecce(Qt::Key_Left, 40);
+        QCOMPARE(ElementoInCostruzione.XInizio, 3572);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        Premi(117);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        QCOMPARE(NumeroElementiAttivi, int16_t(2));
+        QCOMPARE(NumeroElementiSelezionati, int16_t(2));
+        QCOMPARE(ElementiSelezionati[1], int16_t(1));
+        QCOMPARE(ElementiSelezionati[2], int16_t(2));
+        QCOMPARE(RiferimentoXMin, 3572);
+        QCOMPARE(RiferimentoXMax, 8572);
+        QCOMPARE(NumeroCopieLavoro(), 3); // a selection stores nothing
+    }
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>();
+        amb->ApriArchivi();
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+    }
+    void cleanup() {
+        DistruggiAmbienteDisegno();
+        DistruggiMenùGenerale();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        orologio.reset();
+        amb.reset();
+    }
+
+    void scenario_in_modo_4() {
+        Apri(4);
+        TreForme();
+        SelezionaDue();
+        QCOMPARE(ContatoreBip, 0);
+
+        // Move the group 500 down: Azioni doesn't change until Fissa.
+        Premi(113);
+        Frecce(Qt::Key_Down, 10);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QCOMPARE(ElementiAttivi[1].YInizio, 4000);
+        QCOMPARE(ElementiAttivi[2].YFine, 7000);
+        QCOMPARE(Azioni[1].YInizio, 3500);
+        QCOMPARE(RiferimentoYMax, 7000); // the reference box follows the end of the command
+
+        // Flip about the right edge of the group.
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return); // "Ribalta per Asse Destro" holds the ring first
+        c.Avvia();
+        Premi(123);
+        QVERIFY(c.Finito());
+        QCOMPARE(RibaltamentoScelto, int16_t(1));
+        // The line from 5572 to 8572: its start mirrors about 8572, its end stays.
+        QCOMPARE(ElementiAttivi[1].XInizio, 11572);
+        QCOMPARE(ElementiAttivi[1].XFine, 8572);
+        QCOMPARE(ElementiAttivi[2].XInizio, 13572);
+        QCOMPARE(ElementiAttivi[2].XFine, 10572);
+
+        // Fissa with copy: the sources stay, the group goes to the end.
+        Premi(117);
+        QCOMPARE(OggettoAttivo, int16_t(0));
+        QCOMPARE(NumeroAzioni, 5);
+        QCOMPARE(Azioni[1].XInizio, 5572);
+        QCOMPARE(Azioni[4].XInizio, 11572);
+        QCOMPARE(NumeroCopieLavoro(), 4);
+        QCOMPARE(Pixel(13572, 5500), 0u); // the flipped rectangle's edge, in black
+
+        // Draw it again 100 further, as a move: the selected indices go.
+        Premi(125);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        QCOMPARE(ElementiAttivi[1].XInizio, 11672);
+        Premi(126);
+        QCOMPARE(CopiaOSposta, int16_t(2));
+        QVERIFY(a->Tasti.value(126)->property("risorsaIcona").toString().contains("sposta"));
+        Premi(117);
+        QCOMPARE(NumeroAzioni, 5);
+        QCOMPARE(Azioni[1].TipoAzione, TipiAzione::Ellisse); // 1 and 2 were taken out
+        QCOMPARE(Azioni[5].XInizio, 13672);
+        QCOMPARE(NumeroCopieLavoro(), 5);
+
+        // Delete: again the last object, then out with its sources.
+        Premi(125);
+        Premi(127);
+        QCOMPARE(OggettoAttivo, int16_t(0));
+        QCOMPARE(NumeroAzioni, 3);
+        QCOMPARE(NumeroCopieLavoro(), 5); // a deletion stores no copy
+        QCOMPARE(ContatoreBip, 0);
+    }
+
+    void scenario_in_modo_1() {
+        Apri(1);
+        // Modes 1 and 2 reach every command through the ring on the clock:
+        // here the group is built with the mouse path of the same click
+        // routine, and the moves go through the direction panel's walk.
+        a->ClickTasto(101);
+        a->ClickTasto(117);
+        a->ClickTasto(103);
+        a->ClickTasto(117);
+        QCOMPARE(NumeroAzioni, 2);
+        Copione c(*orologio);
+        // The box's first move: "Basso" is 4 dwells from "Sinistra", then two steps.
+        for (int i = 0; i < 3; ++i)
+            c.Attendi(1000);
+        c.Tasto(Qt::Key_Return); // "Basso"
+        c.Attendi(1000).Attendi(1000);
+        c.Tasto(Qt::Key_Return);               // stop: the panel again, on "Basso"
+        c.Attendi(1000).Tasto(Qt::Key_Return); // "Chiudi"
+        c.Avvia();
+        a->ClickTasto(120);
+        QVERIFY(c.Finito());
+        QCOMPARE(ComandoModifica, int16_t(0));
+        QCOMPARE(ElementoInCostruzione.YInizio, 3600);
+        // The box now misses the tops of both shapes: nothing is selected.
+        Copione messaggio(*orologio);
+        messaggio.Esegui([] { QCOMPARE(TestoQuadroMessaggi, TestoNessunElementoSelezionato); });
+        messaggio.Tasto(Qt::Key_Return);
+        messaggio.Avvia();
+        a->ClickTasto(117);
+        QVERIFY(messaggio.Finito());
+        QCOMPARE(OggettoAttivo, int16_t(0));
+        QCOMPARE(PrimitivaAttiva, int16_t(0));
+        QCOMPARE(NumeroAzioni, 2);
+        // A new box where it is born takes both. "Chiudi" as the first answer
+        // leaves the command open: the choice key stops the empty walk and the
+        // panel, again on "Chiudi", ends it.
+        Copione chiudi(*orologio);
+        chiudi.Tasto(Qt::Key_Return);
+        chiudi.Attendi(1000);
+        chiudi.Esegui([] { QCOMPARE(ComandoModifica, int16_t(113)); });
+        chiudi.Tasto(Qt::Key_Return);
+        chiudi.Tasto(Qt::Key_Return);
+        chiudi.Avvia();
+        a->ClickTasto(120);
+        QVERIFY(chiudi.Finito());
+        QCOMPARE(ElementoInCostruzione.YInizio, 3500);
+        QCOMPARE(ComandoModifica, int16_t(0));
+        a->ClickTasto(117);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        QCOMPARE(NumeroElementiAttivi, int16_t(2));
+        a->ClickTasto(126); // move
+        a->ClickTasto(117);
+        QCOMPARE(NumeroAzioni, 2);
+        QCOMPARE(Azioni[1].TipoAzione, TipiAzione::Linea);
+        QCOMPARE(Azioni[2].TipoAzione, TipiAzione::Rettangolo);
+        QCOMPARE(NumeroCopieLavoro(), 3);
+        // The ring walks on from 117.
+        orologio->Avanza(1000);
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(118));
+    }
+
+    void annulla_di_un_oggetto_lascia_azioni_intatte() {
+        Apri(4);
+        TreForme();
+        SelezionaDue();
+        Premi(113);
+        Frecce(Qt::Key_Right, 5);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        Premi(118);
+        QCOMPARE(OggettoAttivo, int16_t(0));
+        QCOMPARE(NumeroAzioni, 3);
+        QCOMPARE(Azioni[1].XInizio, 5572);
+        // The overlay is wiped: the screen shows the stored picture.
+        QVERIFY(a->Quadro.Schermo() == a->Quadro.Immagine());
+    }
+
+    void un_gruppo_al_bordo_non_si_muove_e_suona() {
+        Apri(4);
+        TreForme();
+        SelezionaDue();
+        Premi(113);
+        const QList<RecordAzione> prima = ElementiAttivi;
+        Frecce(Qt::Key_Up, 200); // far past the top edge
+        QVERIFY(ContatoreBip > 0);
+        // The group's centre stays on the canvas.
+        QVERIFY((ElementiAttivi[1].YInizio + ElementiAttivi[1].YFine) / 2 >= 0);
+        const int bip = ContatoreBip;
+        QVERIFY(PremiTasto(Qt::Key_Up)); // refused at once
+        QCOMPARE(ContatoreBip, bip + 1);
+        QVERIFY(PremiTasto(Qt::Key_Down)); // another key frees it
+        QCOMPARE(ContatoreBip, bip + 1);
+        QVERIFY(ElementiAttivi != prima);
+    }
+
+    void disegna_l_ultimo_oggetto_all_apertura_suona() {
+        Apri(4);
+        a->ClickTasto(125);
+        QCOMPARE(ContatoreBip, 1);
+        QCOMPARE(OggettoAttivo, int16_t(0));
+    }
+};
+
+QTEST_MAIN(ProvaOggetti)
+#include "test_oggetti.moc"
