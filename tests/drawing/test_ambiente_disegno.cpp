@@ -15,22 +15,12 @@
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
-#include <QDir>
 #include <QLabel>
 #include <QtTest>
 
 #include <memory>
 
 namespace {
-
-// Saves what the screen shows when ZANTO_SCHERMATE names a folder: a way to look
-// at every state without a display.
-void Schermata(QWidget* w, const QString& nome) {
-    const QString cartella = qEnvironmentVariable("ZANTO_SCHERMATE");
-    if (cartella.isEmpty() || w == nullptr) return;
-    QDir().mkpath(cartella);
-    w->grab().save(cartella + '/' + nome + QStringLiteral(".png"));
-}
 
 int RigheCopia(int32_t codice) {
     return LeggiValore(

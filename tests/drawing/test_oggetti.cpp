@@ -91,6 +91,7 @@ class ProvaOggetti : public QObject {
         QCOMPARE(RiferimentoXMin, 3572);
         QCOMPARE(RiferimentoXMax, 8572);
         QCOMPARE(NumeroCopieLavoro(), 3); // a selection stores nothing
+        Schermata(a, QStringLiteral("oggetto"));
     }
 
 private slots:
@@ -122,6 +123,7 @@ private slots:
         QCOMPARE(ElementiAttivi[2].YFine, 7000);
         QCOMPARE(Azioni[1].YInizio, 3500);
         QCOMPARE(RiferimentoYMax, 7000); // the reference box follows the end of the command
+        Schermata(a, QStringLiteral("oggetto-spostato"));
 
         // Flip about the right edge of the group.
         Copione c(*orologio);

@@ -2,6 +2,7 @@
 
 #include "input/FormScansione.h"
 
+#include <QDir>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QVariant>
@@ -45,4 +46,13 @@ inline QVariant LeggiValore(const QString& percorso, const QString& sql) {
     }
     QSqlDatabase::removeDatabase(QStringLiteral("sonda"));
     return valore;
+}
+
+// Saves what a screen shows when ZANTO_SCHERMATE names a folder: a way to look
+// at every state of a screen without a display.
+inline void Schermata(QWidget* w, const QString& nome) {
+    const QString cartella = qEnvironmentVariable("ZANTO_SCHERMATE");
+    if (cartella.isEmpty() || w == nullptr) return;
+    QDir().mkpath(cartella);
+    w->grab().save(cartella + '/' + nome + QStringLiteral(".png"));
 }
