@@ -178,7 +178,9 @@ private slots:
         a->ClickTasto(117);
         a->ClickTasto(103);
         a->ClickTasto(117);
-        QCOMPARE(NumeroAzioni, 2);
+        a->ClickTasto(104);
+        a->ClickTasto(117);
+        QCOMPARE(NumeroAzioni, 3);
         Copione c(*orologio);
         // The box's first move: "Basso" is 4 dwells from "Sinistra", then two steps.
         for (int i = 0; i < 3; ++i)
@@ -201,8 +203,8 @@ private slots:
         QVERIFY(messaggio.Finito());
         QCOMPARE(OggettoAttivo, int16_t(0));
         QCOMPARE(PrimitivaAttiva, int16_t(0));
-        QCOMPARE(NumeroAzioni, 2);
-        // A new box where it is born takes both. "Chiudi" as the first answer
+        QCOMPARE(NumeroAzioni, 3);
+        // A new box where it is born takes the line and the rectangle. "Chiudi" as the first answer
         // leaves the command open: the choice key stops the empty walk and the
         // panel, again on "Chiudi", ends it.
         Copione chiudi(*orologio);
@@ -219,12 +221,44 @@ private slots:
         a->ClickTasto(117);
         QCOMPARE(OggettoAttivo, int16_t(1));
         QCOMPARE(NumeroElementiAttivi, int16_t(2));
-        a->ClickTasto(126); // move
+        // Move the group two steps down through the direction panel.
+        Copione sposta(*orologio);
+        for (int i = 0; i < 4; ++i)
+            sposta.Attendi(1000); // from "Chiudi" round to "Basso"
+        sposta.Tasto(Qt::Key_Return);
+        sposta.Attendi(1000).Attendi(1000);
+        sposta.Tasto(Qt::Key_Return);               // stop: the panel on "Basso"
+        sposta.Attendi(1000).Tasto(Qt::Key_Return); // "Chiudi"
+        sposta.Avvia();
+        a->ClickTasto(113);
+        QVERIFY(sposta.Finito());
+        QCOMPARE(ElementiAttivi[1].YInizio, 3600);
+        QCOMPARE(Azioni[1].YInizio, 3500);
+        // Flip about the right edge: the flip panel scans too; its first button flips.
+        Copione ribalta(*orologio);
+        ribalta.Tasto(Qt::Key_Return);
+        ribalta.Avvia();
+        a->ClickTasto(123);
+        QVERIFY(ribalta.Finito());
+        QCOMPARE(ElementiAttivi[1].XInizio, 11572);
+        // Fissa with copy: sources stay, the group goes to the end.
         a->ClickTasto(117);
-        QCOMPARE(NumeroAzioni, 2);
-        QCOMPARE(Azioni[1].TipoAzione, TipiAzione::Linea);
-        QCOMPARE(Azioni[2].TipoAzione, TipiAzione::Rettangolo);
-        QCOMPARE(NumeroCopieLavoro(), 3);
+        QCOMPARE(NumeroAzioni, 5);
+        QCOMPARE(NumeroCopieLavoro(), 4);
+        // Draw it again and fix it as a move: the selected indices go.
+        a->ClickTasto(125);
+        a->ClickTasto(126);
+        a->ClickTasto(117);
+        QCOMPARE(NumeroAzioni, 5);
+        QCOMPARE(Azioni[1].TipoAzione, TipiAzione::Ellisse);
+        QCOMPARE(NumeroCopieLavoro(), 5);
+        // Draw it again and delete: no copy is written.
+        a->ClickTasto(125);
+        a->ClickTasto(127);
+        QCOMPARE(OggettoAttivo, int16_t(0));
+        QCOMPARE(NumeroAzioni, 3);
+        QCOMPARE(NumeroCopieLavoro(), 5);
+        QCOMPARE(ContatoreBip, 1); // only the message panel's own, at the empty selection
         // The ring walks on from 117.
         orologio->Avanza(1000);
         QCOMPARE(a->Motore.TastoCorrente, int16_t(118));
