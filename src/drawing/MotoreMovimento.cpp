@@ -18,7 +18,7 @@ constexpr double W = LarghezzaQuadroDisegno;
 constexpr double H = AltezzaQuadroDisegno;
 // A full turn with the program's own pi.
 constexpr double DuePi = 360 * Grado;
-// The crosshair's seed point stays this far off the top and left rim.
+// The crosshair's point stays this far off the top and left rim.
 constexpr double MargineMirino = 50;
 // No radius of a single arc or ellipse shrinks below this.
 constexpr double RaggioMinimo = 40;

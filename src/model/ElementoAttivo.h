@@ -6,7 +6,7 @@
 
 class Superficie;
 
-// Offset of the crosshair's picture from the seed point, in twips: the seed is
+// Offset of the crosshair's picture from the fill's point, in twips: the point is
 // 230 twips right of its left edge and 230 below its top edge.
 inline constexpr float ScostamentoMirino = 230;
 

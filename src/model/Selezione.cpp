@@ -17,7 +17,7 @@ bool DentroRettangolo(int32_t x, int32_t y) {
     return x >= r.Sinistra && x <= r.Destra && y >= r.Alto && y <= r.Basso;
 }
 
-// The comparisons are on 16-bit whole numbers, but for the fill's seed point.
+// The comparisons are on 16-bit whole numbers, but for the fill's point.
 bool DentroSelezione(const RecordAzione& a) {
     switch (a.TipoAzione) {
     case TipiAzione::Linea:
