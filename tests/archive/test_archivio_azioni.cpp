@@ -10,6 +10,7 @@
 #include "start/Avvio.h"
 #include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
+#include "support/SondePixel.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,6 +20,8 @@
 #include <QtTest>
 
 namespace {
+
+using namespace SondePixel;
 
 const QString CR(QChar(u'\r'));
 
@@ -77,11 +80,6 @@ void PreparaDisegno(const QList<RecordAzione>& lista) {
 void ApriCartellaDiSistema() {
     CodiceCartellaAttiva = 1;
     NomeCartellaAttiva = QStringLiteral("·Disegni Generale");
-}
-
-int32_t Colore(const QImage& img, int x, int y) {
-    const QRgb c = img.pixel(x, y);
-    return qRed(c) | (qGreen(c) << 8) | (qBlue(c) << 16);
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "model/TracciaAzioni.h"
 #include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
+#include "support/SondePixel.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -20,6 +21,8 @@
 
 namespace {
 
+using namespace SondePixel;
+
 constexpr int32_t Sfondo = 0xC0C0C0;
 constexpr int32_t Nero = 0x000000;
 constexpr int32_t Rosso = 0x0000FF;
@@ -27,15 +30,6 @@ constexpr int32_t Verde = 0x00FF00;
 constexpr int32_t Blu = 0xFF0000;
 constexpr int32_t Bianco = 0xFFFFFF;
 const QString CR(QChar(u'\r'));
-
-int32_t Colore(const QImage& img, int x, int y) {
-    const QRgb c = img.pixel(x, y);
-    return qRed(c) | (qGreen(c) << 8) | (qBlue(c) << 16);
-}
-
-int Px(double twips) {
-    return static_cast<int>(std::lrint(twips / 15.0));
-}
 
 bool Vicino(const QImage& img, double x, double y, int32_t colore) {
     for (int dy = -1; dy <= 1; ++dy)

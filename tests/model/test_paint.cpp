@@ -4,6 +4,7 @@
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
+#include "support/SondePixel.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -12,19 +13,12 @@
 
 namespace {
 
+using namespace SondePixel;
+
 constexpr int32_t Sfondo = 0xC0C0C0;
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Verde = 0x00FF00;
 constexpr int32_t Blu = 0xFF0000;
-
-int32_t Colore(const QImage& img, int x, int y) {
-    const QRgb c = img.pixel(x, y);
-    return qRed(c) | (qGreen(c) << 8) | (qBlue(c) << 16);
-}
-
-int Px(double twips) {
-    return static_cast<int>(std::lrint(twips / 15.0));
-}
 
 struct Quadro {
     Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};

@@ -5,6 +5,7 @@
 #include "model/Superficie.h"
 #include "start/Misure.h"
 #include "support/AmbienteProva.h"
+#include "support/SondePixel.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,21 +19,12 @@
 
 namespace {
 
+using namespace SondePixel;
+
 constexpr int32_t Sfondo = 0xC0C0C0;
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Verde = 0x00FF00;
 constexpr int32_t Blu = 0xFF0000;
-
-// The colour at a pixel, as the program keeps colours.
-int32_t Colore(const QImage& img, int x, int y) {
-    const QRgb c = img.pixel(x, y);
-    return qRed(c) | (qGreen(c) << 8) | (qBlue(c) << 16);
-}
-
-// The pixel that holds a point given in twips.
-int Px(double twips) {
-    return static_cast<int>(std::lrint(twips / 15.0));
-}
 
 struct Quadro {
     Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
