@@ -3,6 +3,7 @@
 #include "start/Avvio.h"
 #include "start/MappaErrori.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSqlQuery>
 
@@ -49,13 +50,21 @@ void ApriArchivio(const QString& connessione, const QString& percorso) {
     QSqlQuery q(db);
     // Dependent rows go with their owner; the schema carries the cascades.
     if (!q.exec(QStringLiteral("PRAGMA foreign_keys = ON"))) throw ErroreSql(q.lastError());
-    // A file that is not an archive fails here rather than at the first read.
-    if (!q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master"))) {
-        const ErroreZanto e = ErroreSql(q.lastError());
+    // A file that is not an archive fails here rather than at the first read;
+    // so does an empty one (a file cut to 0 bytes), which SQLite would accept.
+    const auto rifiuta = [&](const ErroreZanto& e) {
         q = QSqlQuery();
         db.close();
-        throw e;
-    }
+        return e;
+    };
+    if (!q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")))
+        throw rifiuta(ErroreSql(q.lastError()));
+    if (!q.next()) throw rifiuta(ErroreSql(q.lastError()));
+    if (q.value(0).toInt() == 0)
+        throw rifiuta({3343, QStringLiteral("Formato di archivio non riconosciuto: ") +
+                                 QDir::toNativeSeparators(percorso) +
+                                 QStringLiteral(" non contiene alcuna tabella")});
+    q.finish();
 }
 
 void ChiudiArchivio(const QString& connessione) {

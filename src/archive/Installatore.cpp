@@ -1,6 +1,7 @@
 #include "archive/Installatore.h"
 
 #include "archive/Archivi.h"
+#include "archive/IstruzioniArchivio.h"
 #include "archive/Schema.h"
 #include "start/MappaErrori.h"
 
@@ -10,10 +11,6 @@
 #include <QUuid>
 
 namespace {
-
-void Esegui(QSqlQuery& q) {
-    if (!q.exec()) throw ErroreSql(q.lastError());
-}
 
 // Creates one archive file and fills it through `riempi`, in one transaction.
 template <typename F> void CreaArchivio(const QString& percorso, F riempi) {
@@ -51,28 +48,31 @@ void Costruisci(const QString& radice) {
     CreaCartelle(radice);
     CreaArchivio(PercorsoConfigurazione(radice), [](QSqlDatabase& db) {
         CreaSchemaConfigurazione(db);
-        QSqlQuery q(db);
-        q.prepare(QStringLiteral("INSERT INTO ConfigurazioniGenerali (\"ModalitàFunzionamento\","
-                                 " TastoScelta, TastoScansione, TipoInversioneScansione,"
-                                 " TempoLatenzaScansione) VALUES (?, ?, ?, ?, ?)"));
-        // Mode 1, Enter chooses, Space scans, immediate inversion, one second.
-        for (int v : {1, 1, 2, 1, 1000})
+        QSqlQuery q =
+            Prepara(db, QStringLiteral("INSERT INTO ConfigurazioniGenerali"
+                                       " (\"ModalitàFunzionamento\", TastoScelta, TastoScansione,"
+                                       " TipoInversioneScansione, TempoLatenzaScansione)"
+                                       " VALUES (?, ?, ?, ?, ?)"));
+        namespace I = ImpostazioniIniziali;
+        for (int32_t v : {int32_t{I::ModalitàFunzionamento}, int32_t{I::TastoScelta},
+                          int32_t{I::TastoScansione}, int32_t{I::TipoInversioneScansione},
+                          I::TempoLatenzaScansione})
             q.addBindValue(v);
         Esegui(q);
     });
     CreaArchivio(PercorsoArchivioDisegni(radice), [](QSqlDatabase& db) {
         CreaSchemaDisegni(db);
-        QSqlQuery q(db);
-        q.prepare(
+        QSqlQuery q = Prepara(
+            db,
             QStringLiteral("INSERT INTO TabCartelle (CodiceCartella, NomeCartella) VALUES (1, ?)"));
         q.addBindValue(NomiArchivi::CartellaSistemaDisegni);
         Esegui(q);
     });
     CreaArchivio(PercorsoArchivioOggetti(radice), [](QSqlDatabase& db) {
         CreaSchemaOggetti(db);
-        QSqlQuery q(db);
-        q.prepare(QStringLiteral(
-            "INSERT INTO TabCartelleObj (CodiceCartellaObj, NomeCartellaObj) VALUES (1, ?)"));
+        QSqlQuery q =
+            Prepara(db, QStringLiteral("INSERT INTO TabCartelleObj"
+                                       " (CodiceCartellaObj, NomeCartellaObj) VALUES (1, ?)"));
         q.addBindValue(NomiArchivi::CartellaSistemaOggetti);
         Esegui(q);
     });

@@ -2,6 +2,18 @@
 
 #include <QString>
 
+#include <cstdint>
+
+// The settings of a new configuration row. A setting read out of its range
+// falls back to these, so both ends agree on one set of values.
+namespace ImpostazioniIniziali {
+inline constexpr int16_t ModalitàFunzionamento = 1;    // the ring walks by itself
+inline constexpr int16_t TastoScelta = 1;              // Enter chooses
+inline constexpr int16_t TastoScansione = 2;           // Space scans
+inline constexpr int16_t TipoInversioneScansione = 1;  // immediate
+inline constexpr int32_t TempoLatenzaScansione = 1000; // one second
+} // namespace ImpostazioniIniziali
+
 // Makes a complete fresh data folder at `radice`: the three archives with their
 // schema, the configuration row, the two system folders and the directories.
 // Refuses, changing nothing, when `radice` exists and is not empty.

@@ -13,19 +13,52 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QLockFile>
+#include <QFileInfo>
 #include <QPrinterInfo>
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QStandardPaths>
 
+#include <cerrno>
+#include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace {
 
-std::unique_ptr<QLockFile>& Blocco() {
-    static std::unique_ptr<QLockFile> blocco;
-    return blocco;
+// The descriptor that holds the single-instance lock for the whole run; the
+// system lets go of it when the process dies, however it dies.
+int DescrittoreBlocco = -1;
+
+enum class EsitoBlocco { Preso, Occupato, Impossibile };
+
+void LasciaBlocco() {
+    if (DescrittoreBlocco < 0) return;
+    ::close(DescrittoreBlocco);
+    DescrittoreBlocco = -1;
+}
+
+EsitoBlocco PrendiBlocco() {
+    LasciaBlocco();
+    const QByteArray nome = QFile::encodeName(CartellaSistema + NomiArchivi::FileBlocco);
+    int fd = -1;
+    do {
+        fd = ::open(nome.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    } while (fd < 0 && errno == EINTR);
+    if (fd < 0) return EsitoBlocco::Impossibile;
+    int esito = 0;
+    do {
+        esito = ::flock(fd, LOCK_EX | LOCK_NB);
+    } while (esito != 0 && errno == EINTR);
+    if (esito != 0) {
+        // Only a live holder says "another instance"; anything else is for the write test.
+        const bool occupato = errno == EWOULDBLOCK;
+        ::close(fd);
+        return occupato ? EsitoBlocco::Occupato : EsitoBlocco::Impossibile;
+    }
+    DescrittoreBlocco = fd;
+    return EsitoBlocco::Preso;
 }
 
 std::unique_ptr<BaseVuoto>& Copertina() {
@@ -79,19 +112,48 @@ void Ferma() {
     ChiudiArchivio(ArchivioOggetti);
     ChiudiArchivio(ArchivioConfigurazione);
     Copertina().reset();
-    Blocco().reset();
+    LasciaBlocco();
     PuntatorePredefinito();
 }
 
+// Buffered bytes prove nothing: the test goes down to the disk and back.
 void ProvaScrittura() {
     const QString nome = CartellaSistema + QStringLiteral("zanto") +
                          QString::number(QRandomGenerator::global()->bounded(10000000, 99999999)) +
                          QStringLiteral(".tmp");
-    QFile file(nome);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) throw ErroreFile(file.error(), nome);
-    if (file.write("ZANTO\n") < 0) throw ErroreFile(file.error(), nome);
-    file.close();
-    if (!file.remove()) throw ErroreFile(file.error(), nome);
+    const QByteArray percorso = QFile::encodeName(nome);
+    const int fd = ::open(percorso.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (fd < 0) throw ErroreSistema(errno, nome);
+    // Whatever fails after the file exists, it must not stay behind.
+    const auto abbandona = [&](int codice) {
+        ::close(fd);
+        ::unlink(percorso.constData());
+        return ErroreSistema(codice, nome);
+    };
+    static constexpr char riga[] = "ZANTO\n";
+    std::size_t scritti = 0;
+    while (scritti < sizeof riga - 1) {
+        const ssize_t n = ::write(fd, riga + scritti, sizeof riga - 1 - scritti);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) throw abbandona(n < 0 ? errno : ENOSPC);
+        scritti += static_cast<std::size_t>(n);
+    }
+    if (::fsync(fd) != 0) throw abbandona(errno);
+    if (::close(fd) != 0) {
+        const int codice = errno;
+        ::unlink(percorso.constData());
+        throw ErroreSistema(codice, nome);
+    }
+    if (::unlink(percorso.constData()) != 0) throw ErroreSistema(errno, nome);
+}
+
+void ScatolaConfigurazioneAssente() {
+    PuntatorePredefinito();
+    MostraScatolaPiattaforma(IconaScatola::Critica, QStringLiteral("ZANTO"),
+                             MessaggiAvvio[3] + QChar(u'\r') +
+                                 QStringLiteral("(%1 - Sezione %2)")
+                                     .arg(QDir::toNativeSeparators(PercorsoConfigurazione()))
+                                     .arg(SezioneCorrente));
 }
 
 } // namespace
@@ -101,6 +163,14 @@ void CalcolaRadiceDati() {
         QDir::cleanPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                         QStringLiteral("/zanto"));
     CartellaSistema = RadiceDati + '/';
+}
+
+MisureSchermo MisuraSchermo(const QScreen& schermo) {
+    // Qt hands out device-independent sizes and a logical dpi already divided by
+    // its own scaling: the pixels and dots of the screen are those times the ratio.
+    const double rapporto = schermo.devicePixelRatio();
+    return {qRound(schermo.size().width() * rapporto), qRound(schermo.size().height() * rapporto),
+            schermo.logicalDotsPerInchX() * rapporto, schermo.logicalDotsPerInchY() * rapporto};
 }
 
 bool SchermoIdoneo(int larghezza, int altezza, double dpiX, double dpiY) {
@@ -117,9 +187,17 @@ int AvviaZanto() {
         RiempiMessaggiAvvio();
         CalcolaRadiceDati();
 
+        // Without the data folder the configuration archive is missing too, and
+        // the write test would only blame the user's rights.
+        SezioneCorrente = 130;
+        if (!QFileInfo::exists(RadiceDati)) {
+            ScatolaConfigurazioneAssente();
+            Ferma();
+            return 1;
+        }
+
         // A second instance ends without a word.
-        Blocco() = std::make_unique<QLockFile>(CartellaSistema + NomiArchivi::FileBlocco);
-        if (!Blocco()->tryLock(0) && Blocco()->error() == QLockFile::LockFailedError) {
+        if (PrendiBlocco() == EsitoBlocco::Occupato) {
             Ferma();
             return 0;
         }
@@ -139,9 +217,8 @@ int AvviaZanto() {
         Copertina()->show();
         Copertina()->repaint();
 
-        const QScreen* schermo = QGuiApplication::primaryScreen();
-        if (!SchermoIdoneo(schermo->size().width(), schermo->size().height(),
-                           schermo->logicalDotsPerInchX(), schermo->logicalDotsPerInchY())) {
+        const MisureSchermo schermo = MisuraSchermo(*QGuiApplication::primaryScreen());
+        if (!SchermoIdoneo(schermo.Larghezza, schermo.Altezza, schermo.DpiX, schermo.DpiY)) {
             PuntatorePredefinito();
             Bip();
             if (Messaggio(MessaggiAvvio[2], 2, 1) == 3) {
@@ -153,13 +230,7 @@ int AvviaZanto() {
 
         SezioneCorrente = 130;
         if (!FileEsiste(PercorsoConfigurazione())) {
-            PuntatorePredefinito();
-            MostraScatolaPiattaforma(
-                IconaScatola::Critica, QStringLiteral("ZANTO"),
-                MessaggiAvvio[3] + QChar(u'\r') +
-                    QStringLiteral("(%1 - Sezione %2)")
-                        .arg(QDir::toNativeSeparators(PercorsoConfigurazione()))
-                        .arg(SezioneCorrente));
+            ScatolaConfigurazioneAssente();
             Ferma();
             return 1;
         }
@@ -195,6 +266,6 @@ void ChiudiZanto() {
         {2485, [] { ScriviFileCartellaAttiva(); }},
     });
     ScaricaMenùGenerale();
-    Blocco().reset();
+    LasciaBlocco();
     QCoreApplication::exit(0);
 }

@@ -1,6 +1,8 @@
 #include "start/Configurazione.h"
 
 #include "archive/Archivi.h"
+#include "archive/Installatore.h"
+#include "archive/IstruzioniArchivio.h"
 #include "input/MotoreScansione.h"
 #include "start/MappaErrori.h"
 
@@ -8,39 +10,60 @@
 #include <QSqlRecord>
 #include <QVariant>
 
+#include <cmath>
+
 namespace {
-int Campo(const QSqlQuery& q, const char* nome) {
+
+// A setting out of its range, NULL or not a whole number would leave the menu
+// without a way to drive it: the installer's value stands in for it.
+template <typename T>
+T Impostazione(const QSqlQuery& q, const char* nome, int32_t minimo, int32_t massimo,
+               T predefinito) {
     const int i = q.record().indexOf(QString::fromUtf8(nome));
     if (i < 0)
         throw ErroreZanto{3265, QStringLiteral("Campo non trovato: ") + QString::fromUtf8(nome)};
-    return q.value(i).toInt();
+    const QVariant valore = q.value(i);
+    if (valore.isNull()) return predefinito;
+    bool numero = false;
+    const double v = valore.toDouble(&numero);
+    if (!numero || v != std::floor(v) || v < minimo || v > massimo) return predefinito;
+    return static_cast<T>(v);
 }
+
 } // namespace
 
 void LeggiConfigurazione() {
     QSqlQuery q(Archivio(ArchivioConfigurazione));
     if (!q.exec(QStringLiteral("SELECT * FROM ConfigurazioniGenerali")))
         throw ErroreSql(q.lastError());
-    if (!q.next()) throw ErroreNessunRecord();
-    ModalitàFunzionamento = static_cast<int16_t>(Campo(q, "ModalitàFunzionamento"));
-    TastoScelta = static_cast<int16_t>(Campo(q, "TastoScelta"));
-    TastoScansione = static_cast<int16_t>(Campo(q, "TastoScansione"));
-    TipoInversioneScansione = static_cast<int16_t>(Campo(q, "TipoInversioneScansione"));
-    TempoLatenzaScansione = Campo(q, "TempoLatenzaScansione");
+    if (!q.next()) {
+        if (q.lastError().isValid()) throw ErroreSql(q.lastError());
+        throw ErroreNessunRecord();
+    }
+    namespace I = ImpostazioniIniziali;
+    ModalitàFunzionamento =
+        Impostazione<int16_t>(q, "ModalitàFunzionamento", 1, 4, I::ModalitàFunzionamento);
+    TastoScelta = Impostazione<int16_t>(q, "TastoScelta", 1, 2, I::TastoScelta);
+    TastoScansione = Impostazione<int16_t>(q, "TastoScansione", 1, 2, I::TastoScansione);
+    TipoInversioneScansione =
+        Impostazione<int16_t>(q, "TipoInversioneScansione", 1, 2, I::TipoInversioneScansione);
+    TempoLatenzaScansione =
+        Impostazione<int32_t>(q, "TempoLatenzaScansione", 500, 5000, I::TempoLatenzaScansione);
 }
 
 void RegistraConfigurazione() {
-    QSqlDatabase db = Archivio(ArchivioConfigurazione);
-    QSqlQuery q(db);
-    q.prepare(QStringLiteral("UPDATE ConfigurazioniGenerali SET \"ModalitàFunzionamento\" = ?,"
-                             " TastoScelta = ?, TastoScansione = ?,"
-                             " TempoLatenzaScansione = ?, TipoInversioneScansione = ?"));
+    QSqlQuery q =
+        Prepara(Archivio(ArchivioConfigurazione),
+                QStringLiteral("UPDATE ConfigurazioniGenerali SET"
+                               " \"ModalitàFunzionamento\" = ?,"
+                               " TastoScelta = ?, TastoScansione = ?,"
+                               " TempoLatenzaScansione = ?, TipoInversioneScansione = ?"));
     q.addBindValue(ModalitàFunzionamento);
     q.addBindValue(TastoScelta);
     q.addBindValue(TastoScansione);
     q.addBindValue(TempoLatenzaScansione);
     q.addBindValue(TipoInversioneScansione);
-    if (!q.exec()) throw ErroreSql(q.lastError());
+    Esegui(q);
     if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
     // A new dwell counts on the wait in progress.
     MotoreScansione::LatenzaCambiata();

@@ -11,6 +11,7 @@ inline int16_t TipoInversioneScansione = 1;  // 1 immediate, 2 through a pause
 inline int32_t TempoLatenzaScansione = 1000; // dwell of the ring, ms
 
 // Reads the row into the globals; an empty table is an error (3021), never a default.
+// A value out of its range or NULL is read as the installer's value for it.
 void LeggiConfigurazione();
 // Writes the five globals to the row.
 void RegistraConfigurazione();

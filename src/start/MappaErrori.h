@@ -15,6 +15,8 @@ ErroreZanto ErroreNessunRecord();
 // A file that could not be opened, written or removed; `percorso` names it.
 ErroreZanto ErroreFile(QFileDevice::FileError errore, const QString& percorso,
                        const QString& dettaglio = {});
+// A system call on `percorso` that failed with errno `codice`.
+ErroreZanto ErroreSistema(int codice, const QString& percorso);
 // A file that must exist and does not (53), or a directory (76).
 ErroreZanto ErroreFileAssente(const QString& percorso);
 ErroreZanto ErroreCartellaAssente(const QString& percorso);

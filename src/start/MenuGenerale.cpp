@@ -1,6 +1,7 @@
 #include "start/MenuGenerale.h"
 
 #include "archive/Archivi.h"
+#include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "start/Avvio.h"
@@ -157,12 +158,13 @@ void MenuGenerale::LeggiCartellaAttiva() {
         {2710,
          [&] {
              if (codice == 0) return;
-             QSqlQuery q(Archivio(ArchivioDisegni));
-             q.prepare(QStringLiteral("SELECT NomeCartella FROM TabCartelle"
-                                      " WHERE CodiceCartella = ?"));
+             QSqlQuery q = Prepara(Archivio(ArchivioDisegni),
+                                   QStringLiteral("SELECT NomeCartella FROM TabCartelle"
+                                                  " WHERE CodiceCartella = ?"));
              q.addBindValue(codice);
-             if (!q.exec()) throw ErroreSql(q.lastError());
+             Esegui(q);
              if (!q.next()) {
+                 if (q.lastError().isValid()) throw ErroreSql(q.lastError());
                  // A folder deleted since: no folder is active, and no one is told.
                  RecordAssente = 1;
                  return;

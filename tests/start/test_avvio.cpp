@@ -7,17 +7,27 @@
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
+#include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
 #include <QDir>
 #include <QFile>
-#include <QLockFile>
+#include <QFileInfo>
+#include <QScreen>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QtTest>
 
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -34,10 +44,119 @@ void EseguiSql(const QString& percorso, const QString& sql) {
     QSqlDatabase::removeDatabase(QStringLiteral("prep"));
 }
 
+// The settings row as an outside tool could leave it: same table, no NOT NULL.
+void ScriviImpostazioniSenzaVincoli(int modo, int scelta, int scansione, int inversione,
+                                    int latenza) {
+    const QString percorso = PercorsoConfigurazione();
+    EseguiSql(percorso, QStringLiteral("DROP TABLE ConfigurazioniGenerali"));
+    EseguiSql(percorso, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
+                                       " \"ModalitàFunzionamento\" SMALLINT, TastoScelta SMALLINT,"
+                                       " TastoScansione SMALLINT, TipoInversioneScansione SMALLINT,"
+                                       " TempoLatenzaScansione INTEGER)"));
+    EseguiSql(percorso,
+              QStringLiteral("INSERT INTO ConfigurazioniGenerali VALUES (%1, %2, %3, %4, %5)")
+                  .arg(modo)
+                  .arg(scelta)
+                  .arg(scansione)
+                  .arg(inversione)
+                  .arg(latenza));
+}
+
 bool CopertinaVisibile() {
     for (QWidget* w : QApplication::topLevelWidgets())
         if (dynamic_cast<BaseVuoto*>(w) != nullptr && w->isVisible()) return true;
     return false;
+}
+
+QString FileBlocco() {
+    return CartellaSistema + NomiArchivi::FileBlocco;
+}
+
+// A hold of the lock through a description of the test's own: flock locks
+// belong to the open file description, so it conflicts even in this process.
+class Presa {
+public:
+    Presa() {
+        fd_ =
+            ::open(QFile::encodeName(FileBlocco()).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+        if (fd_ >= 0 && ::flock(fd_, LOCK_EX | LOCK_NB) != 0) {
+            errore_ = errno;
+            ::close(fd_);
+            fd_ = -1;
+        }
+    }
+    ~Presa() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    Presa(const Presa&) = delete;
+    Presa& operator=(const Presa&) = delete;
+    bool Tenuta() const { return fd_ >= 0; }
+    int Errore() const { return errore_; }
+
+private:
+    int fd_ = -1;
+    int errore_ = 0;
+};
+
+// While it lives, no file of this process may grow by a byte, as on a full
+// disk; SIGXFSZ is ignored so that the write itself reports the failure.
+class DiscoPieno {
+public:
+    DiscoPieno() {
+        getrlimit(RLIMIT_FSIZE, &prima_);
+        rlimit zero = prima_;
+        zero.rlim_cur = 0;
+        struct sigaction ignora = {};
+        ignora.sa_handler = SIG_IGN;
+        sigemptyset(&ignora.sa_mask);
+        sigaction(SIGXFSZ, &ignora, &segnalePrima_);
+        attivo_ = setrlimit(RLIMIT_FSIZE, &zero) == 0;
+    }
+    ~DiscoPieno() {
+        setrlimit(RLIMIT_FSIZE, &prima_);
+        sigaction(SIGXFSZ, &segnalePrima_, nullptr);
+    }
+    DiscoPieno(const DiscoPieno&) = delete;
+    DiscoPieno& operator=(const DiscoPieno&) = delete;
+    bool Attivo() const { return attivo_; }
+
+private:
+    rlimit prima_{};
+    struct sigaction segnalePrima_ {};
+    bool attivo_ = false;
+};
+
+// Takes the folder's write right away while it lives.
+class SolaLettura {
+public:
+    explicit SolaLettura(const QString& cartella) : cartella_(QFile::encodeName(cartella)) {
+        ::chmod(cartella_.constData(), 0555);
+    }
+    ~SolaLettura() { ::chmod(cartella_.constData(), 0755); }
+    SolaLettura(const SolaLettura&) = delete;
+    SolaLettura& operator=(const SolaLettura&) = delete;
+    // A process that may override permissions (root) writes all the same.
+    bool Efficace() const {
+        const QByteArray prova = cartella_ + "/.prova-scrittura";
+        const int fd = ::open(prova.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (fd < 0) return true;
+        ::close(fd);
+        ::unlink(prova.constData());
+        return false;
+    }
+
+private:
+    QByteArray cartella_;
+};
+
+QStringList FileProvvisori() {
+    return QDir(RadiceDati).entryList({QStringLiteral("zanto*.tmp")}, QDir::Files | QDir::Hidden);
+}
+
+void ScriviFile(const QString& percorso, const QByteArray& contenuto) {
+    QFile f(percorso);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    QCOMPARE(f.write(contenuto), contenuto.size());
 }
 
 bool NessunArchivioAperto() {
@@ -155,14 +274,278 @@ private slots:
     }
 
     void una_seconda_istanza_finisce_in_silenzio() {
-        QLockFile altra(CartellaSistema + NomiArchivi::FileBlocco);
-        QVERIFY(altra.tryLock(0));
+        Presa altra;
+        QVERIFY(altra.Tenuta());
+        {
+            Presa seconda; // a second description in the same process conflicts
+            QVERIFY(!seconda.Tenuta());
+            QCOMPARE(seconda.Errore(), EWOULDBLOCK);
+        }
         QCOMPARE(AvviaZanto(), 0);
         QVERIFY(amb->Scatole.isEmpty());
         QCOMPARE(ContatoreBip, 0);
         QVERIFY(MenùGeneraleAperto() == nullptr);
         QVERIFY(NessunArchivioAperto());
-        QVERIFY(altra.isLocked());
+        QVERIFY(!CopertinaVisibile());
+        QVERIFY(FileProvvisori().isEmpty());
+    }
+
+    void un_file_di_blocco_vuoto_non_ferma_l_avvio() {
+        ScriviFile(FileBlocco(), QByteArray());
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void un_file_di_blocco_con_dati_qualsiasi_non_ferma_l_avvio() {
+        QByteArray dati = QByteArray::number(::getpid()) + "\nzanto\nmacchina\n";
+        for (int i = 0; i < 300; ++i)
+            dati.append(static_cast<char>((i * 37) & 0xFF));
+        ScriviFile(FileBlocco(), dati);
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+    }
+
+    void il_blocco_di_un_processo_ucciso_non_ferma_l_avvio() {
+        const QByteArray nome = QFile::encodeName(FileBlocco());
+        int canale[2];
+        QCOMPARE(::pipe(canale), 0);
+        const pid_t figlio = ::fork();
+        QVERIFY(figlio >= 0);
+        if (figlio == 0) {
+            // Only async-signal-safe calls here: take the lock, say so, die unannounced.
+            const int fd = ::open(nome.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+            const char esito = fd >= 0 && ::flock(fd, LOCK_EX | LOCK_NB) == 0 ? 'S' : 'N';
+            if (fd >= 0) (void)!::write(fd, "morto\n", 6);
+            (void)!::write(canale[1], &esito, 1);
+            ::kill(::getpid(), SIGKILL);
+            ::_exit(3);
+        }
+        ::close(canale[1]);
+        char esito = 0;
+        QCOMPARE(::read(canale[0], &esito, 1), ssize_t(1));
+        ::close(canale[0]);
+        int stato = 0;
+        QCOMPARE(::waitpid(figlio, &stato, 0), figlio);
+        QCOMPARE(esito, 'S');
+        QVERIFY(WIFSIGNALED(stato) && WTERMSIG(stato) == SIGKILL);
+        QVERIFY(QFileInfo(FileBlocco()).size() > 0);
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+    }
+
+    void il_blocco_e_tenuto_per_tutta_la_vita_e_lasciato_a_esci() {
+        QCOMPARE(AvviaZanto(), -1);
+        {
+            Presa altra;
+            QVERIFY(!altra.Tenuta());
+            QCOMPARE(altra.Errore(), EWOULDBLOCK);
+        }
+        ChiudiZanto();
+        Presa dopo;
+        QVERIFY(dopo.Tenuta());
+    }
+
+    void un_blocco_che_non_si_puo_aprire_non_e_un_altra_istanza() {
+        // A folder under the lock's name: it cannot be opened, and no one holds it.
+        QVERIFY(QDir().mkdir(FileBlocco()));
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void disco_pieno_all_avvio_scatola_perlux_e_fine() {
+        int esito = 0;
+        {
+            DiscoPieno pieno;
+            QVERIFY(pieno.Attivo());
+            esito = AvviaZanto();
+        }
+        QCOMPARE(esito, 1);
+        QCOMPARE(ScritturaFallita, int16_t(1));
+        QCOMPARE(amb->Scatole.size(), 1);
+        QCOMPARE(amb->Scatole[0].Titolo, QStringLiteral("PERLUX"));
+        QCOMPARE(amb->Scatole[0].Testo, MessaggiAvvio[1]);
+        QCOMPARE(ContatoreBip, 1);
+        QVERIFY(NessunArchivioAperto());
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(!CopertinaVisibile());
+        QVERIFY(FileProvvisori().isEmpty());
+    }
+
+    void cartella_dei_dati_in_sola_lettura_scatola_perlux_e_fine() {
+        QVERIFY(QFile::remove(PercorsoCartellaAttiva()) ||
+                !QFile::exists(PercorsoCartellaAttiva()));
+        SolaLettura solaLettura(RadiceDati);
+        if (!solaLettura.Efficace())
+            QSKIP("this process writes through a 0555 folder (root): nothing to test here");
+        QCOMPARE(AvviaZanto(), 1);
+        QCOMPARE(amb->Scatole.size(), 1);
+        QCOMPARE(amb->Scatole[0].Titolo, QStringLiteral("PERLUX"));
+        QCOMPARE(amb->Scatole[0].Testo, MessaggiAvvio[1]);
+        QVERIFY(NessunArchivioAperto());
+        QVERIFY(!QFile::exists(FileBlocco()));
+    }
+
+    void senza_cartella_dei_dati_scatola_fatale_dell_archivio_di_configurazione() {
+        const QString radice = RadiceDati;
+        QVERIFY(QDir(radice).removeRecursively());
+        QCOMPARE(AvviaZanto(), 1);
+        QCOMPARE(amb->Scatole.size(), 1);
+        QCOMPARE(amb->Scatole[0].Titolo, QStringLiteral("ZANTO"));
+        QCOMPARE(amb->Scatole[0].Icona, IconaScatola::Critica);
+        QVERIFY(amb->Scatole[0].Testo.startsWith(MessaggiAvvio[3]));
+        QVERIFY(amb->Scatole[0].Testo.contains(QStringLiteral("Sezione 130")));
+        QVERIFY(amb->Scatole[0].Testo.contains(QDir::toNativeSeparators(PercorsoConfigurazione())));
+        QCOMPARE(ScritturaFallita, int16_t(0));
+        QVERIFY(NessunArchivioAperto());
+        QVERIFY(!CopertinaVisibile());
+        QVERIFY(!QFileInfo::exists(radice)); // nothing made in its place
+    }
+
+    void impostazioni_fuori_dai_limiti_valgono_quelle_dell_installatore_data() {
+        QTest::addColumn<QString>("campo");
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<int>("atteso");
+        const QString modo = QStringLiteral("\"ModalitàFunzionamento\"");
+        QTest::newRow("modo 0") << modo << "0" << 1;
+        QTest::newRow("modo 99") << modo << "99" << 1;
+        QTest::newRow("modo 4") << modo << "4" << 4;
+        QTest::newRow("modo NULL") << modo << "NULL" << 1;
+        QTest::newRow("modo testo") << modo << "'tre'" << 1;
+        QTest::newRow("modo 2.5") << modo << "2.5" << 1;
+        QTest::newRow("scelta 0") << "TastoScelta"
+                                  << "0" << 1;
+        QTest::newRow("scelta 3") << "TastoScelta"
+                                  << "3" << 1;
+        QTest::newRow("scelta NULL") << "TastoScelta"
+                                     << "NULL" << 1;
+        QTest::newRow("scansione 0") << "TastoScansione"
+                                     << "0" << 2;
+        QTest::newRow("scansione NULL") << "TastoScansione"
+                                        << "NULL" << 2;
+        QTest::newRow("inversione 3") << "TipoInversioneScansione"
+                                      << "3" << 1;
+        QTest::newRow("inversione NULL") << "TipoInversioneScansione"
+                                         << "NULL" << 1;
+        QTest::newRow("latenza 499") << "TempoLatenzaScansione"
+                                     << "499" << 1000;
+        QTest::newRow("latenza 500") << "TempoLatenzaScansione"
+                                     << "500" << 500;
+        QTest::newRow("latenza 5000") << "TempoLatenzaScansione"
+                                      << "5000" << 5000;
+        QTest::newRow("latenza 5001") << "TempoLatenzaScansione"
+                                      << "5001" << 1000;
+        QTest::newRow("latenza -1") << "TempoLatenzaScansione"
+                                    << "-1" << 1000;
+        QTest::newRow("latenza NULL") << "TempoLatenzaScansione"
+                                      << "NULL" << 1000;
+    }
+
+    void impostazioni_fuori_dai_limiti_valgono_quelle_dell_installatore() {
+        QFETCH(QString, campo);
+        QFETCH(QString, valore);
+        QFETCH(int, atteso);
+        // A row from outside the program: no constraint stops a NULL.
+        ScriviImpostazioniSenzaVincoli(2, 2, 1, 2, 1500);
+        EseguiSql(PercorsoConfigurazione(),
+                  QStringLiteral("UPDATE ConfigurazioniGenerali SET %1 = %2").arg(campo, valore));
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(amb->Scatole.isEmpty());
+        const QList<QPair<QString, int>> letti = {
+            {QStringLiteral("\"ModalitàFunzionamento\""), ModalitàFunzionamento},
+            {QStringLiteral("TastoScelta"), TastoScelta},
+            {QStringLiteral("TastoScansione"), TastoScansione},
+            {QStringLiteral("TipoInversioneScansione"), TipoInversioneScansione},
+            {QStringLiteral("TempoLatenzaScansione"), TempoLatenzaScansione},
+        };
+        const QList<int> scritti = {2, 2, 1, 2, 1500};
+        for (qsizetype i = 0; i < letti.size(); ++i)
+            QCOMPARE(letti[i].second, letti[i].first == campo ? atteso : scritti[i]);
+    }
+
+    void un_modo_fuori_dai_limiti_lascia_il_giro_dell_anello() {
+        EseguiSql(PercorsoConfigurazione(),
+                  QStringLiteral("UPDATE ConfigurazioniGenerali SET \"ModalitàFunzionamento\" = 99,"
+                                 " TempoLatenzaScansione = 100"));
+        QCOMPARE(AvviaZanto(), -1);
+        QCoreApplication::processEvents();
+        MenuGenerale* menu = MenùGeneraleAperto();
+        QVERIFY(menu != nullptr);
+        QCOMPARE(menu->Motore.TastoCorrente, int16_t(101));
+        orologio->Avanza(1000);
+        QCOMPARE(menu->Motore.TastoCorrente, int16_t(102));
+        orologio->Avanza(1000);
+        QCOMPARE(menu->Motore.TastoCorrente, int16_t(103));
+    }
+
+    void un_tasto_di_scansione_nullo_in_modo_3_torna_lo_spazio() {
+        ScriviImpostazioniSenzaVincoli(3, 1, 2, 1, 1000);
+        EseguiSql(PercorsoConfigurazione(),
+                  QStringLiteral("UPDATE ConfigurazioniGenerali SET TastoScansione = NULL"));
+        QCOMPARE(AvviaZanto(), -1);
+        QCoreApplication::processEvents();
+        MenuGenerale* menu = MenùGeneraleAperto();
+        QVERIFY(menu != nullptr);
+        QVERIFY(PremiTasto(Qt::Key_Space));
+        QCOMPARE(menu->Motore.TastoCorrente, int16_t(102));
+        QVERIFY(PremiTasto(Qt::Key_F12)); // the direct keys write a whole valid row
+        QCOMPARE(ModalitàFunzionamento, int16_t(4));
+        QCOMPARE(LeggiValore(PercorsoConfigurazione(),
+                             QStringLiteral("SELECT TastoScansione FROM ConfigurazioniGenerali"))
+                     .toInt(),
+                 2);
+    }
+
+    void un_archivio_dei_disegni_di_0_byte_e_un_formato_non_riconosciuto() {
+        ScriviFile(PercorsoArchivioDisegni(), QByteArray());
+        QCOMPARE(AvviaZanto(), 1);
+        QCOMPARE(amb->Scatole.size(), 1);
+        const QString testo = amb->Scatole[0].Testo;
+        QVERIFY2(testo.startsWith(QStringLiteral("ERRORE 3343/160: \rFormato di archivio non "
+                                                 "riconosciuto: ")),
+                 qPrintable(testo));
+        QVERIFY(!testo.contains(QStringLiteral("Parameter count mismatch")));
+        QVERIFY(NessunArchivioAperto());
+    }
+
+    void senza_la_tabella_delle_cartelle_la_3078() {
+        EseguiSql(PercorsoArchivioDisegni(), QStringLiteral("DROP TABLE TabCartelle"));
+        ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
+        QCOMPARE(AvviaZanto(), 1);
+        QCOMPARE(amb->Scatole.size(), 1);
+        const QString testo = amb->Scatole[0].Testo;
+        QVERIFY2(testo.startsWith(QStringLiteral("ERRORE 3078/2710: \rTabella dell'archivio non "
+                                                 "trovata: ")),
+                 qPrintable(testo));
+        QVERIFY(testo.contains(QStringLiteral("TabCartelle")));
+        QVERIFY(NessunArchivioAperto());
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+    }
+
+    void pagine_guaste_nell_archivio_dei_disegni_la_3343() {
+        QFile f(PercorsoArchivioDisegni());
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QByteArray dati = f.readAll();
+        f.close();
+        QVERIFY(dati.size() >= 4096);
+        // The header stays SQLite's; the schema's page is garbage.
+        for (qsizetype i = 100; i < 4096; ++i)
+            dati[i] = static_cast<char>(0xA5 ^ (i * 7));
+        ScriviFile(PercorsoArchivioDisegni(), dati);
+        QCOMPARE(AvviaZanto(), 1);
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY2(amb->Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 3343/160: \r")),
+                 qPrintable(amb->Scatole[0].Testo));
+        QVERIFY(NessunArchivioAperto());
+    }
+
+    void la_misura_dello_schermo_e_nei_suoi_pixel() {
+        const MisureSchermo m = MisuraSchermo(*QGuiApplication::primaryScreen());
+        QCOMPARE(m.Larghezza, 1280);
+        QCOMPARE(m.Altezza, 1024);
+        QCOMPARE(m.DpiX, 96.0);
+        QCOMPARE(m.DpiY, 96.0);
     }
 
     void lo_schermo_idoneo_e_di_96_dpi_e_almeno_1024_per_768() {
