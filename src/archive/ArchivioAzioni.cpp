@@ -55,37 +55,27 @@ TabellaAzioni TabellaAzioniOggetto() {
     return {ArchivioOggetti, QStringLiteral("TabAzioniOggetto"), QStringLiteral("CodiceOggetto")};
 }
 
-[[noreturn]] void TipoErrato(const QString& campo) {
-    throw ErroreZanto{13, QStringLiteral("Tipo non corrispondente nel campo ") + campo};
+[[noreturn]] void Overflow(const QString& campo) {
+    throw ErroreZanto{6, QStringLiteral("Overflow nel campo ") + campo};
 }
 
-[[noreturn]] void Overflow() {
-    throw ErroreZanto{6, QStringLiteral("Overflow")};
-}
+// The most actions a list may hold: replay, save and NumAzione are 16-bit.
+constexpr int32_t MassimoAzioni = std::numeric_limits<int16_t>::max();
 
-int64_t InteroDa(const QVariant& v, const QString& campo) {
-    if (v.isNull()) return 0;
-    bool ok = false;
-    const qlonglong n = v.toLongLong(&ok);
-    if (!ok) TipoErrato(campo);
-    return n;
-}
-
-int32_t Intero32Da(const QVariant& v, const QString& campo) {
-    const int64_t n = InteroDa(v, campo);
-    if (n < std::numeric_limits<int32_t>::min() || n > std::numeric_limits<int32_t>::max())
-        Overflow();
-    return static_cast<int32_t>(n);
-}
-
-float RealeDa(const QVariant& v, const QString& campo) {
-    if (v.isNull()) return 0;
-    bool ok = false;
-    const double d = v.toDouble(&ok);
-    if (!ok) TipoErrato(campo);
-    if (std::isfinite(d) && std::fabs(d) > double(FLT_MAX)) Overflow();
-    return static_cast<float>(d);
-}
+// The range of each integer field of an action as the record defines it; the
+// errors follow the table in IstruzioniArchivio.cpp.
+struct Intervallo {
+    int64_t Minimo, Massimo;
+};
+constexpr int64_t Min32 = std::numeric_limits<int32_t>::min();
+constexpr int64_t Max32 = std::numeric_limits<int32_t>::max();
+constexpr int64_t Max16 = std::numeric_limits<int16_t>::max();
+constexpr Intervallo QualsiasiIntero32{Min32, Max32};
+constexpr Intervallo Colore{0, 0xFFFFFF};  // 0x00BBGGRR: the top byte is 0
+constexpr Intervallo UnoDueOZero{0, 2};    // FlagPienoVuoto, Corsivo, Grassetto
+constexpr Intervallo Spessore{0, Max16};   // narrowed to 16 bits when drawn
+constexpr Intervallo Dimensione{0, Max32}; // a size in points
+constexpr Intervallo Tipo{TipiAzione::Linea, TipiAzione::Immagine}; // 8 is never stored
 
 // Reads the list of `codice` in NumAzione order. The rows' own numbers are not
 // used, only their place in the order.
@@ -104,32 +94,38 @@ void Carica(const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista, 
                               QStringLiteral("Campo dell'archivio non trovato: ") + CampiAzione[i]};
     }
     QList<RecordAzione> letti{RecordAzione{}};
-    auto intero = [&](size_t i) { return Intero32Da(q.value(colonna[i]), CampiAzione[i]); };
-    auto reale = [&](size_t i) { return RealeDa(q.value(colonna[i]), CampiAzione[i]); };
-    auto testo = [&](size_t i) { return q.value(colonna[i]).toString(); };
+    auto intero = [&](size_t i, Intervallo r) {
+        return static_cast<int32_t>(
+            LeggiIntero(q.value(colonna[i]), CampiAzione[i], r.Minimo, r.Massimo));
+    };
+    auto reale = [&](size_t i) { return LeggiReale(q.value(colonna[i]), CampiAzione[i]); };
+    auto testo = [&](size_t i) { return LeggiTesto(q.value(colonna[i]), CampiAzione[i]); };
     while (q.next()) {
+        // Caught here, before a redraw or a save meets it outside any trap.
+        if (letti.size() > MassimoAzioni) Overflow(QStringLiteral("NumAzione"));
         RecordAzione& a = letti.emplace_back();
-        a.TipoAzione = intero(0);
-        a.XInizio = intero(1);
-        a.YInizio = intero(2);
-        a.XFine = intero(3);
-        a.YFine = intero(4);
-        a.ColLinea = intero(5);
-        a.ColZona = intero(6);
-        a.FlagPienoVuoto = intero(7);
-        a.SpessLinea = intero(8);
+        a.TipoAzione = intero(0, Tipo);
+        a.XInizio = intero(1, QualsiasiIntero32);
+        a.YInizio = intero(2, QualsiasiIntero32);
+        a.XFine = intero(3, QualsiasiIntero32);
+        a.YFine = intero(4, QualsiasiIntero32);
+        a.ColLinea = intero(5, Colore);
+        a.ColZona = intero(6, Colore);
+        a.FlagPienoVuoto = intero(7, UnoDueOZero);
+        a.SpessLinea = intero(8, Spessore);
         a.XCentro = reale(9);
         a.YCentro = reale(10);
         a.RadIniz = reale(11);
         a.RadFine = reale(12);
         a.RaggioVert = reale(13);
         a.RaggioOriz = reale(14);
-        a.InterlineaTesto = Intero16(InteroDa(q.value(colonna[15]), CampiAzione[15]));
+        a.InterlineaTesto =
+            static_cast<int16_t>(intero(15, {std::numeric_limits<int16_t>::min(), Max16}));
         a.Testo = testo(16);
         a.NomeFont = testo(17);
-        a.SizeFont = intero(18);
-        a.Corsivo = intero(19);
-        a.Grassetto = intero(20);
+        a.SizeFont = intero(18, Dimensione);
+        a.Corsivo = intero(19, UnoDueOZero);
+        a.Grassetto = intero(20, UnoDueOZero);
         a.NomeFileImmagine = testo(21);
     }
     if (q.lastError().isValid()) throw ErroreSql(q.lastError());
@@ -245,10 +241,26 @@ void ScriviRighe(Inserimento& q, int32_t codice, const QList<RecordAzione>& list
     }
 }
 
+// Refuses, before any row goes in, a list that could not be read back whole:
+// SQLite keeps a NaN as NULL and would fail on it with a misleading message.
+void ControllaRighe(const QList<RecordAzione>& lista, int32_t numero) {
+    if (numero > MassimoAzioni) Overflow(QStringLiteral("NumAzione"));
+    if (numero >= lista.size())
+        throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+    for (int32_t i = 1; i <= numero; ++i) {
+        const RecordAzione& a = lista[i];
+        const std::array<float, 6> reali = {a.XCentro, a.YCentro,    a.RadIniz,
+                                            a.RadFine, a.RaggioVert, a.RaggioOriz};
+        for (size_t k = 0; k < reali.size(); ++k)
+            if (!std::isfinite(reali[k])) Overflow(CampiAzione[9 + k]);
+    }
+}
+
 // Adds rows 1..numero of `lista` for `codice`, NumAzione from 1. The caller
 // holds the transaction.
 void Scrivi(const TabellaAzioni& t, int32_t codice, const QList<RecordAzione>& lista,
             int32_t numero) {
+    ControllaRighe(lista, numero);
     QString segnaposti = QStringLiteral("?, ?");
     for (size_t i = 0; i < CampiAzione.size(); ++i)
         segnaposti += QStringLiteral(", ?");
@@ -289,6 +301,16 @@ bool RegistraAzioni(const TabellaAzioni& t, int32_t codice, const QList<RecordAz
            scritto;
 }
 
+void InserisciTestaDisegno(int32_t codice, const QString& nome, int32_t codiceCartella) {
+    QSqlQuery q = Prepara(Archivio(ArchivioDisegni),
+                          QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno,"
+                                         " CodiceCartella) VALUES (?, ?, ?)"));
+    q.addBindValue(codice);
+    q.addBindValue(nome);
+    q.addBindValue(codiceCartella);
+    Esegui(q);
+}
+
 } // namespace
 
 void CaricaAzioniDisegno() {
@@ -307,6 +329,38 @@ bool RegistraAzioniDisegno() {
 bool RegistraAzioniOggetto() {
     return RegistraAzioni(TabellaAzioniOggetto(), CodiceOggettoDaRegistrare,
                           AzioniOggettoDaRegistrare, NumeroAzioniOggettoDaRegistrare, 4200);
+}
+
+bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella) {
+    const int32_t codice = CodiceDisegnoDaRegistrare;
+    std::optional<Transazione> transazione;
+    int passiFatti = 0;
+    const bool riuscito = EseguiPassi({
+        {4500,
+         [&] {
+             transazione.emplace(Archivio(ArchivioDisegni));
+             ++passiFatti;
+         }},
+        {4510,
+         [&] {
+             if (passiFatti != 1) return;
+             InserisciTestaDisegno(codice, nome, codiceCartella);
+             ++passiFatti;
+         }},
+        {4520,
+         [&] {
+             if (passiFatti != 2) return;
+             Scrivi(TabellaAzioniDisegno(), codice, AzioniDaRegistrare, NumeroAzioniDaRegistrare);
+             ++passiFatti;
+         }},
+        {4590,
+         [&] {
+             if (passiFatti != 3) return;
+             transazione->Conferma();
+             ++passiFatti;
+         }},
+    });
+    return riuscito && passiFatti == 4;
 }
 
 QString PercorsoBitmapDisegno(const QString& nomeCartella, const QString& nomeDisegno) {
@@ -331,13 +385,7 @@ bool RegistraDisegno(const Superficie& quadro) {
              QSqlDatabase db = Archivio(ArchivioDisegni);
              if (nuovo) {
                  codice = CodiceLiberoMinimo(TipoCodice::Disegno);
-                 QSqlQuery q = Prepara(db, QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno,"
-                                                          " NomeDisegno, CodiceCartella)"
-                                                          " VALUES (?, ?, ?)"));
-                 q.addBindValue(codice);
-                 q.addBindValue(NomeDisegnoCorrente);
-                 q.addBindValue(CodiceCartellaAttiva);
-                 Esegui(q);
+                 InserisciTestaDisegno(codice, NomeDisegnoCorrente, CodiceCartellaAttiva);
              } else {
                  // The head row first: it survives whatever fails after it.
                  QSqlQuery q = Prepara(db, QStringLiteral("UPDATE TabDisegni SET NomeDisegno = ?,"

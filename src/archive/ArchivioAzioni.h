@@ -26,15 +26,22 @@ inline QString NomeCartellaObjAttiva;
 
 // Readers. They have no error trap of their own: a fault goes to the caller as
 // ErroreZanto, an owner without action rows as 3021, and the target list is
-// then left as it was.
+// then left as it was. Every row is checked as it is read (see
+// IstruzioniArchivio.cpp): a missing value or one of the wrong type is 3021, a
+// value out of its field's range or a list past 32767 actions is 6.
 void CaricaAzioniDisegno(); // CodiceDisegnoDaCaricare -> AzioniUndo
 void CaricaAzioniOggetto(); // CodiceOggettoDaCaricare -> AzioniOggetto
 
 // Writers. Each runs in one transaction and reports a fault through the error
 // routine: on failure the archive is as it was before the call. They return
-// whether everything was written.
+// whether everything was written. A float that is not finite is refused as
+// error 6 before any row goes in.
 bool RegistraAzioniDisegno(); // AzioniDaRegistrare as drawing CodiceDisegnoDaRegistrare
 bool RegistraAzioniOggetto(); // AzioniOggettoDaRegistrare as object CodiceOggettoDaRegistrare
+// A new drawing row coded CodiceDisegnoDaRegistrare, with `nome` in folder
+// `codiceCartella`, and AzioniDaRegistrare as its actions: head and rows go
+// in together or not at all.
+bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella);
 
 // Saves Azioni as the current drawing in the active folder: a new head row or
 // the old one, its action rows replaced, and the canvas's bitmap as a BMP file.

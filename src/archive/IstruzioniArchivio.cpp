@@ -4,9 +4,50 @@
 #include "model/RecordAzione.h"
 #include "start/MappaErrori.h"
 
+#include <QSqlRecord>
 #include <QVariant>
 
+#include <cfloat>
+#include <cmath>
+#include <limits>
+
 namespace {
+
+// What a row read from an archive may hold, and the error when it doesn't:
+//
+//   | the row holds                                          | error |
+//   |--------------------------------------------------------|-------|
+//   | NULL where a value must be                             | 3021  |
+//   | another type: text, real or blob in an integer column, |       |
+//   |   text or blob in a real column, anything but text in  |       |
+//   |   a text column                                        | 3021  |
+//   | an integer outside its field's range                   | 6     |
+//   | a real beyond a float, or not finite                   | 6     |
+//   | a list of more than 32767 actions                      | 6     |
+//
+// Either way the caller's list or value stays as it was: nothing read is
+// handed over until the whole read went through.
+[[noreturn]] void ValoreMancante(const QString& campo) {
+    throw ErroreZanto{3021, QStringLiteral("Valore mancante o di tipo errato nel campo ") + campo};
+}
+
+[[noreturn]] void FuoriIntervallo(const QString& campo) {
+    throw ErroreZanto{6, QStringLiteral("Overflow nel campo ") + campo};
+}
+
+bool TipoIntero(const QVariant& v) {
+    switch (v.typeId()) {
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return true;
+    default:
+        return false;
+    }
+}
 
 struct Tabella {
     const QString& Connessione;
@@ -32,12 +73,13 @@ Tabella TabellaDi(TipoCodice tipo) {
 // Reads head rows: code, name and, where there is one, the folder.
 QList<RigaArchivio> LeggiRighe(QSqlQuery& q, bool conCartella) {
     Esegui(q);
+    const QSqlRecord campi = q.record();
     QList<RigaArchivio> righe;
     while (q.next()) {
         RigaArchivio r;
-        r.Codice = q.value(0).toInt();
-        r.Nome = q.value(1).toString();
-        if (conCartella) r.Cartella = q.value(2).toInt();
+        r.Codice = LeggiCodice(q.value(0), campi.fieldName(0));
+        r.Nome = LeggiTesto(q.value(1), campi.fieldName(1));
+        if (conCartella) r.Cartella = LeggiCodice(q.value(2), campi.fieldName(2));
         righe.append(r);
     }
     if (q.lastError().isValid()) throw ErroreSql(q.lastError());
@@ -59,7 +101,7 @@ int32_t CercaNome(const QString& connessione, const QString& sql, const QString&
         if (q.lastError().isValid()) throw ErroreSql(q.lastError());
         return 0;
     }
-    return q.value(0).toInt();
+    return LeggiCodice(q.value(0), q.record().fieldName(0));
 }
 
 void EliminaPerCodice(const QString& connessione, const QString& sql, int32_t codice) {
@@ -90,6 +132,37 @@ Transazione::~Transazione() {
     if (aperta_) db_.rollback();
 }
 
+int64_t LeggiIntero(const QVariant& valore, const QString& campo, int64_t minimo, int64_t massimo) {
+    if (valore.isNull() || !TipoIntero(valore)) ValoreMancante(campo);
+    if (valore.typeId() == QMetaType::ULongLong &&
+        valore.toULongLong() > qulonglong(std::numeric_limits<int64_t>::max()))
+        FuoriIntervallo(campo);
+    const int64_t n = valore.toLongLong();
+    if (n < minimo || n > massimo) FuoriIntervallo(campo);
+    return n;
+}
+
+int32_t LeggiCodice(const QVariant& valore, const QString& campo) {
+    return static_cast<int32_t>(LeggiIntero(valore, campo, 1, std::numeric_limits<int32_t>::max()));
+}
+
+float LeggiReale(const QVariant& valore, const QString& campo) {
+    if (valore.isNull()) ValoreMancante(campo);
+    const int tipo = valore.typeId();
+    // A whole number is a float's value too: an archive of another engine may
+    // keep 2.0 as 2.
+    if (tipo != QMetaType::Double && tipo != QMetaType::Float && !TipoIntero(valore))
+        ValoreMancante(campo);
+    const double d = valore.toDouble();
+    if (!std::isfinite(d) || std::fabs(d) > double(FLT_MAX)) FuoriIntervallo(campo);
+    return static_cast<float>(d);
+}
+
+QString LeggiTesto(const QVariant& valore, const QString& campo) {
+    if (valore.isNull() || valore.typeId() != QMetaType::QString) ValoreMancante(campo);
+    return valore.toString();
+}
+
 void Transazione::Conferma() {
     if (!db_.commit()) {
         const ErroreZanto errore = ErroreSql(db_.lastError());
@@ -110,16 +183,21 @@ int32_t CodiceLiberoMinimo(TipoCodice tipo) {
     // Walk up from 0: the first code that does not follow the previous one
     // leaves a gap, and the gap's first code is free.
     int64_t precedente = 0;
-    bool vuota = true;
-    while (q.next()) {
-        vuota = false;
-        const int64_t codice = q.value(0).toLongLong();
-        if (precedente + 1 < codice) return static_cast<int32_t>(precedente + 1);
-        precedente = codice;
+    bool buco = false;
+    while (!buco && q.next()) {
+        const int64_t codice =
+            LeggiIntero(q.value(0), t.ColonnaCodice, std::numeric_limits<int64_t>::min(),
+                        std::numeric_limits<int64_t>::max());
+        // No code the program gives is below 1: such a row must not drag the
+        // next code down to 0 or below.
+        if (codice < 1) continue;
+        if (precedente + 1 < codice)
+            buco = true;
+        else
+            precedente = codice;
     }
-    if (q.lastError().isValid()) throw ErroreSql(q.lastError());
-    if (vuota) return 1;
-    if (precedente >= INT32_MAX) throw ErroreZanto{6, QStringLiteral("Overflow")};
+    if (!buco && q.lastError().isValid()) throw ErroreSql(q.lastError());
+    if (precedente >= std::numeric_limits<int32_t>::max()) FuoriIntervallo(t.ColonnaCodice);
     return static_cast<int32_t>(precedente + 1);
 }
 
@@ -130,7 +208,37 @@ int32_t NumeroCopieLavoro() {
     q.addBindValue(BaseCopieLavoro);
     Esegui(q);
     if (!q.next()) throw ErroreSql(q.lastError());
-    return q.value(0).toInt();
+    return static_cast<int32_t>(LeggiIntero(q.value(0), QStringLiteral("CodiceDisegno"), 0,
+                                            std::numeric_limits<int32_t>::max()));
+}
+
+int32_t UltimaCopiaLavoro() {
+    QSqlQuery q = Prepara(
+        Archivio(ArchivioDisegni),
+        QStringLiteral("SELECT MAX(CodiceDisegno) FROM TabDisegni WHERE CodiceDisegno >= ?"));
+    q.addBindValue(BaseCopieLavoro);
+    Esegui(q);
+    if (!q.next()) throw ErroreSql(q.lastError());
+    if (q.value(0).isNull()) return BaseCopieLavoro;
+    return LeggiCodice(q.value(0), QStringLiteral("CodiceDisegno"));
+}
+
+int32_t RiprendiCopieLavoro() {
+    QSqlDatabase db = Archivio(ArchivioDisegni);
+    Transazione transazione(db);
+    {
+        // A head without rows is what an older version left when it stopped
+        // between the two: it holds no step of the work.
+        QSqlQuery q = Prepara(db, QStringLiteral("DELETE FROM TabDisegni WHERE CodiceDisegno >= ?"
+                                                 " AND NOT EXISTS (SELECT 1 FROM TabAzioniDisegno"
+                                                 " WHERE TabAzioniDisegno.CodiceDisegno ="
+                                                 " TabDisegni.CodiceDisegno)"));
+        q.addBindValue(BaseCopieLavoro);
+        Esegui(q);
+    }
+    const int32_t ultima = UltimaCopiaLavoro();
+    transazione.Conferma();
+    return ultima;
 }
 
 void EliminaCopieLavoro() {

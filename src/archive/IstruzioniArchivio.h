@@ -4,6 +4,7 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QVariant>
 
 #include <cstdint>
 
@@ -29,6 +30,12 @@ int32_t CodiceLiberoMinimo(TipoCodice tipo);
 // Working copies: how many there are, and all of them deleted with their actions.
 int32_t NumeroCopieLavoro();
 void EliminaCopieLavoro();
+// The highest working-copy code in the archive, BaseCopieLavoro when there is none.
+int32_t UltimaCopiaLavoro();
+// At the opening of the drawing screen: removes the head rows of working
+// copies that have no action rows, in one transaction, and gives the highest
+// code that is left.
+int32_t RiprendiCopieLavoro();
 
 // Head rows and folders in code order, and for the lists in name order.
 QList<RigaArchivio> DisegniInOrdineDiCodice();
@@ -61,6 +68,13 @@ void EliminaAzioniDisegno(int32_t codiceDisegno);
 // Small helpers the readers and writers share.
 QSqlQuery Prepara(const QSqlDatabase& db, const QString& sql);
 void Esegui(QSqlQuery& q);
+
+// One value of a row, checked as it is read; `campo` names it in the error.
+// NULL or a value of another type is error 3021, a value out of its range 6.
+int64_t LeggiIntero(const QVariant& valore, const QString& campo, int64_t minimo, int64_t massimo);
+int32_t LeggiCodice(const QVariant& valore, const QString& campo); // 1 to INT32_MAX
+float LeggiReale(const QVariant& valore, const QString& campo);    // finite, within a float
+QString LeggiTesto(const QVariant& valore, const QString& campo);
 
 // One transaction on an archive: rolled back unless confirmed.
 class Transazione {

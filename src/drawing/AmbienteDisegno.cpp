@@ -206,7 +206,7 @@ void AmbienteDisegno::AttivaAmbienteDisegno() {
         {1030,
          [] {
              // Copies left by a run that did not end well: reached through "Annulla Operazioni".
-             CodiceCopiaLavoro = BaseCopieLavoro + NumeroCopieLavoro();
+             CodiceCopiaLavoro = RiprendiCopieLavoro();
          }},
     });
 }

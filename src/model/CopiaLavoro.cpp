@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -60,16 +61,6 @@ void DisegnaElemento(Superficie& quadro, const RecordAzione& e) {
     default:
         break;
     }
-}
-
-void InserisciTestaCopia(int32_t codice) {
-    QSqlQuery q = Prepara(Archivio(ArchivioDisegni),
-                          QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno,"
-                                         " CodiceCartella) VALUES (?, ?, ?)"));
-    q.addBindValue(codice);
-    q.addBindValue(QString::number(codice));
-    q.addBindValue(CodiceCartellaAttiva);
-    Esegui(q);
 }
 
 struct Estensione {
@@ -203,31 +194,28 @@ void FissaElemento(Superficie& quadro) {
 }
 
 bool RegistraCopiaLavoro() {
-    const int32_t precedente = CodiceCopiaLavoro;
-    const int32_t codice = precedente + 1;
-    bool testaScritta = false;
-    bool azioniScritte = false;
-    // The action writer holds a transaction of its own: the head row goes
-    // first, and is taken back with whatever hangs on it if the rows fail.
+    int32_t codice = 0;
+    bool scritta = false;
     EseguiPassi({
-        {3600, [&] { CodiceCopiaLavoro = codice; }},
+        {3600,
+         [&] {
+             // After the highest copy in the archive, should the counter lag
+             // behind it: a code already taken would refuse every later copy.
+             const int64_t ultima = std::max(CodiceCopiaLavoro, UltimaCopiaLavoro());
+             if (ultima >= std::numeric_limits<int32_t>::max())
+                 throw ErroreZanto{6, QStringLiteral("Overflow")};
+             codice = static_cast<int32_t>(ultima + 1);
+         }},
         {3610,
          [&] {
-             InserisciTestaCopia(codice);
-             testaScritta = true;
-         }},
-        {3620,
-         [&] {
-             if (!testaScritta) return;
+             if (codice == 0) return;
              CodiceDisegnoDaRegistrare = codice;
              CopiaAzioniInDaRegistrare();
-             azioniScritte = RegistraAzioniDisegno();
+             scritta = RegistraTestaEAzioniDisegno(QString::number(codice), CodiceCartellaAttiva);
          }},
     });
-    if (testaScritta && azioniScritte) return true;
-    if (testaScritta) EseguiPassi({{3690, [&] { EliminaDisegno(codice); }}});
-    CodiceCopiaLavoro = precedente;
-    return false;
+    if (scritta) CodiceCopiaLavoro = codice;
+    return scritta;
 }
 
 PuntoArco EstremoArco(const RecordAzione& a, float angolo) {

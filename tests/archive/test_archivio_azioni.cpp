@@ -4,6 +4,7 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "archive/Schema.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
@@ -18,6 +19,9 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QtTest>
+
+#include <array>
+#include <limits>
 
 namespace {
 
@@ -104,7 +108,17 @@ private slots:
     void numazione_oltre_16_bit_da_errore_6_e_non_scrive_nulla();
     void lista_piu_lunga_possibile_si_salva_e_si_rilegge();
     void interlinea_fuori_dai_16_bit_in_archivio_da_errore_6();
-    void campo_di_tipo_sbagliato_da_errore_13();
+    void campo_di_tipo_sbagliato_da_errore_3021();
+    void riga_fuori_regola_da_errore_e_lascia_la_lista_com_era_data();
+    void riga_fuori_regola_da_errore_e_lascia_la_lista_com_era();
+    void valori_ai_limiti_si_leggono();
+    void lista_di_32768_azioni_da_errore_6_e_lascia_la_lista_com_era();
+    void reale_non_finito_da_errore_6_e_non_scrive_nulla_data();
+    void reale_non_finito_da_errore_6_e_non_scrive_nulla();
+    void nan_nel_salvataggio_di_un_disegno_non_lascia_nulla();
+    void testa_e_azioni_vanno_insieme();
+    void testa_e_azioni_non_vanno_se_le_righe_falliscono();
+    void testa_e_azioni_non_vanno_se_la_testa_fallisce();
     void azioni_su_un_disegno_inesistente_non_scrivono_nulla();
     void righe_gia_presenti_fanno_fallire_tutta_la_scrittura();
     void oggetto_da_una_selezione_tiene_i_tondini();
@@ -139,8 +153,8 @@ void TestArchivioAzioni::ordine_per_numazione_e_non_per_inserimento() {
                        " VALUES (9, 'nove', 1)"));
     for (const int n : {3, 1, 2})
         Sql(ArchivioDisegni,
-            QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione, XInizio)"
-                           " VALUES (9, ?, ?)"),
+            QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione, TipoAzione,"
+                           " XInizio) VALUES (9, ?, 1, ?)"),
             {n, n * 10});
     CodiceDisegnoDaCaricare = 9;
     CaricaAzioniDisegno();
@@ -434,23 +448,255 @@ void TestArchivioAzioni::interlinea_fuori_dai_16_bit_in_archivio_da_errore_6() {
     QCOMPARE(NumeroAzioniUndo, 0);
 }
 
-void TestArchivioAzioni::campo_di_tipo_sbagliato_da_errore_13() {
+void TestArchivioAzioni::campo_di_tipo_sbagliato_da_errore_3021() {
     AmbienteProva amb;
     amb.ApriArchivi();
     Sql(ArchivioOggetti,
         QStringLiteral("INSERT INTO TabOggetti (CodiceOggetto, NomeOggetto, CodiceCartellaObj)"
                        " VALUES (1, 'rotto', 1)"));
     Sql(ArchivioOggetti,
-        QStringLiteral("INSERT INTO TabAzioniOggetto (CodiceOggetto, NumAzione, XInizio)"
-                       " VALUES (1, 1, 'dodici')"));
+        QStringLiteral("INSERT INTO TabAzioniOggetto (CodiceOggetto, NumAzione, TipoAzione,"
+                       " XInizio) VALUES (1, 1, 1, 'dodici')"));
     CodiceOggettoDaCaricare = 1;
     try {
         CaricaAzioniOggetto();
         QFAIL("nessun errore");
     } catch (const ErroreZanto& e) {
-        QCOMPARE(e.Numero, 13);
+        QCOMPARE(e.Numero, 3021);
+        QVERIFY(e.Descrizione.contains(QStringLiteral("XInizio")));
     }
     QCOMPARE(NumeroAzioniOggetto, 0);
+}
+
+void TestArchivioAzioni::riga_fuori_regola_da_errore_e_lascia_la_lista_com_era_data() {
+    QTest::addColumn<QString>("campo");
+    QTest::addColumn<QVariant>("valore");
+    QTest::addColumn<int>("errore");
+    const QVariant nulla(QMetaType::fromType<QString>());
+    QTest::newRow("TipoAzione NULL") << "TipoAzione" << nulla << 3021;
+    QTest::newRow("TipoAzione 0") << "TipoAzione" << QVariant(0) << 6;
+    QTest::newRow("TipoAzione 8, la selezione") << "TipoAzione" << QVariant(8) << 6;
+    QTest::newRow("XInizio NULL") << "XInizio" << nulla << 3021;
+    QTest::newRow("XInizio reale") << "XInizio" << QVariant(1.5) << 3021;
+    QTest::newRow("YFine oltre 32 bit") << "YFine" << QVariant(qlonglong(1) << 31) << 6;
+    QTest::newRow("ColLinea negativa") << "ColLinea" << QVariant(-1) << 6;
+    QTest::newRow("ColZona oltre 24 bit") << "ColZona" << QVariant(0x1000000) << 6;
+    QTest::newRow("FlagPienoVuoto 3") << "FlagPienoVuoto" << QVariant(3) << 6;
+    QTest::newRow("SpessLinea oltre 16 bit") << "SpessLinea" << QVariant(32768) << 6;
+    QTest::newRow("SpessLinea negativo") << "SpessLinea" << QVariant(-1) << 6;
+    QTest::newRow("XCentro NULL") << "XCentro" << nulla << 3021;
+    QTest::newRow("YCentro testo") << "YCentro" << QVariant(QStringLiteral("metà")) << 3021;
+    QTest::newRow("RadIniz infinito")
+        << "RadIniz" << QVariant(std::numeric_limits<double>::infinity()) << 6;
+    QTest::newRow("RaggioVert oltre un float") << "RaggioVert" << QVariant(1e300) << 6;
+    QTest::newRow("InterlineaTesto sotto 16 bit") << "InterlineaTesto" << QVariant(-32769) << 6;
+    QTest::newRow("Testo NULL") << "Testo" << nulla << 3021;
+    QTest::newRow("NomeFont blob") << "NomeFont" << QVariant(QByteArray("Arial")) << 3021;
+    QTest::newRow("SizeFont negativo") << "SizeFont" << QVariant(-12) << 6;
+    QTest::newRow("Corsivo 3") << "Corsivo" << QVariant(3) << 6;
+    QTest::newRow("Grassetto reale") << "Grassetto" << QVariant(2.5) << 3021;
+    QTest::newRow("NomeFileImmagine NULL") << "NomeFileImmagine" << nulla << 3021;
+}
+
+void TestArchivioAzioni::riga_fuori_regola_da_errore_e_lascia_la_lista_com_era() {
+    QFETCH(QString, campo);
+    QFETCH(QVariant, valore);
+    QFETCH(int, errore);
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    // A table as another program or an older schema could leave it: no NOT NULL.
+    Sql(ArchivioDisegni, QStringLiteral("DROP TABLE TabAzioniDisegno"));
+    Sql(ArchivioDisegni,
+        QStringLiteral(
+            "CREATE TABLE TabAzioniDisegno (CodiceDisegno INTEGER, NumAzione SMALLINT, ") +
+            ColonneAzione().remove(QStringLiteral(" NOT NULL")) + ')');
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (1, 'rotto', 1)"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione, TipoAzione)"
+                       " VALUES (1, 1, 1), (1, 2, 1)"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("UPDATE TabAzioniDisegno SET ") + campo +
+            QStringLiteral(" = ? WHERE NumAzione = 2"),
+        {valore});
+    AzioniUndo = UnaDiOgniTipo();
+    NumeroAzioniUndo = 7;
+    CodiceDisegnoDaCaricare = 1;
+    try {
+        CaricaAzioniDisegno();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, errore);
+        QVERIFY(e.Descrizione.contains(campo));
+    }
+    QCOMPARE(NumeroAzioniUndo, 7);
+    QCOMPARE(AzioniUndo, UnaDiOgniTipo());
+}
+
+void TestArchivioAzioni::valori_ai_limiti_si_leggono() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (1, 'limiti', 1)"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione, TipoAzione,"
+                       " XInizio, YFine, ColLinea, ColZona, FlagPienoVuoto, SpessLinea, XCentro,"
+                       " InterlineaTesto, SizeFont, Corsivo, Grassetto)"
+                       " VALUES (1, 1, 7, ?, ?, 16777215, 0, 2, 32767, 5, -32768, 0, 0, 2)"),
+        {std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()});
+    CodiceDisegnoDaCaricare = 1;
+    CaricaAzioniDisegno();
+    QCOMPARE(NumeroAzioniUndo, 1);
+    const RecordAzione& a = AzioniUndo[1];
+    QCOMPARE(a.TipoAzione, 7);
+    QCOMPARE(a.XInizio, std::numeric_limits<int32_t>::min());
+    QCOMPARE(a.YFine, std::numeric_limits<int32_t>::max());
+    QCOMPARE(a.ColLinea, 0xFFFFFF);
+    QCOMPARE(a.SpessLinea, 32767);
+    QCOMPARE(a.XCentro, 5.0f);
+    QCOMPARE(a.InterlineaTesto, int16_t(-32768));
+}
+
+void TestArchivioAzioni::lista_di_32768_azioni_da_errore_6_e_lascia_la_lista_com_era() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (5, 'lungo', 1)"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione, TipoAzione)"
+                       " WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n"
+                       " WHERE i < 32768) SELECT 5, i, 1 FROM n"));
+    AzioniUndo = UnaDiOgniTipo();
+    NumeroAzioniUndo = 7;
+    CodiceDisegnoDaCaricare = 5;
+    try {
+        CaricaAzioniDisegno();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 6);
+    }
+    QCOMPARE(NumeroAzioniUndo, 7);
+    QCOMPARE(AzioniUndo, UnaDiOgniTipo());
+    // One row fewer is the longest list there is, and reads.
+    Sql(ArchivioDisegni,
+        QStringLiteral("DELETE FROM TabAzioniDisegno WHERE CodiceDisegno = 5 AND NumAzione = 1"));
+    CaricaAzioniDisegno();
+    QCOMPARE(NumeroAzioniUndo, 32767);
+}
+
+void TestArchivioAzioni::reale_non_finito_da_errore_6_e_non_scrive_nulla_data() {
+    QTest::addColumn<int>("campo");
+    QTest::addColumn<float>("valore");
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float inf = std::numeric_limits<float>::infinity();
+    QTest::newRow("XCentro NaN") << 0 << nan;
+    QTest::newRow("YCentro +inf") << 1 << inf;
+    QTest::newRow("RadIniz -inf") << 2 << -inf;
+    QTest::newRow("RadFine NaN") << 3 << nan;
+    QTest::newRow("RaggioVert +inf") << 4 << inf;
+    QTest::newRow("RaggioOriz NaN") << 5 << nan;
+}
+
+void TestArchivioAzioni::reale_non_finito_da_errore_6_e_non_scrive_nulla() {
+    QFETCH(int, campo);
+    QFETCH(float, valore);
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (1000001, '1000001', 1)"));
+    AzioniDaRegistrare = UnaDiOgniTipo();
+    RecordAzione& a = AzioniDaRegistrare[7]; // the last: the others would already be in
+    std::array<float*, 6> reali = {&a.XCentro, &a.YCentro,    &a.RadIniz,
+                                   &a.RadFine, &a.RaggioVert, &a.RaggioOriz};
+    *reali[size_t(campo)] = valore;
+    NumeroAzioniDaRegistrare = 7;
+    CodiceDisegnoDaRegistrare = 1000001;
+    QVERIFY(!RegistraAzioniDisegno());
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 6/4110")));
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("Overflow")));
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
+    // Objects go through the same row writer.
+    Sql(ArchivioOggetti,
+        QStringLiteral("INSERT INTO TabOggetti (CodiceOggetto, NomeOggetto, CodiceCartellaObj)"
+                       " VALUES (1, 'uno', 1)"));
+    AzioniOggettoDaRegistrare = AzioniDaRegistrare;
+    NumeroAzioniOggettoDaRegistrare = 7;
+    CodiceOggettoDaRegistrare = 1;
+    QVERIFY(!RegistraAzioniOggetto());
+    QCOMPARE(amb.Scatole.size(), 2);
+    QVERIFY(amb.Scatole[1].Testo.startsWith(QStringLiteral("ERRORE 6/4210")));
+    QCOMPARE(Conta(ArchivioOggetti, QStringLiteral("SELECT COUNT(*) FROM TabAzioniOggetto")), 0);
+}
+
+void TestArchivioAzioni::nan_nel_salvataggio_di_un_disegno_non_lascia_nulla() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    ApriCartellaDiSistema();
+    Superficie quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    QList<RecordAzione> lista = UnaDiOgniTipo();
+    lista[5].XCentro = std::numeric_limits<float>::quiet_NaN();
+    PreparaDisegno(lista);
+    NomeDisegnoCorrente = QStringLiteral("Guasto");
+    QVERIFY(!RegistraDisegno(quadro));
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 6/4320")));
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("Overflow nel campo XCentro")));
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
+    QVERIFY(!QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente)));
+    QCOMPARE(StatoDisegno, int16_t(2));
+}
+
+void TestArchivioAzioni::testa_e_azioni_vanno_insieme() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    AzioniDaRegistrare = UnaDiOgniTipo();
+    NumeroAzioniDaRegistrare = 7;
+    CodiceDisegnoDaRegistrare = 1000003;
+    QVERIFY(RegistraTestaEAzioniDisegno(QStringLiteral("1000003"), 1));
+    QCOMPARE(TestaDisegno(1000003).Nome, QStringLiteral("1000003"));
+    QCOMPARE(TestaDisegno(1000003).Cartella, 1);
+    CodiceDisegnoDaCaricare = 1000003;
+    CaricaAzioniDisegno();
+    QCOMPARE(AzioniUndo, UnaDiOgniTipo());
+    QVERIFY(amb.Scatole.isEmpty());
+}
+
+void TestArchivioAzioni::testa_e_azioni_non_vanno_se_le_righe_falliscono() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioDisegni,
+        QStringLiteral("CREATE TRIGGER Rifiuta BEFORE INSERT ON TabAzioniDisegno"
+                       " WHEN NEW.NumAzione = 7 BEGIN SELECT RAISE(ABORT, 'rifiutata'); END"));
+    AzioniDaRegistrare = UnaDiOgniTipo();
+    NumeroAzioniDaRegistrare = 7;
+    CodiceDisegnoDaRegistrare = 1000001;
+    QVERIFY(!RegistraTestaEAzioniDisegno(QStringLiteral("1000001"), 1));
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("/4520")));
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
+}
+
+void TestArchivioAzioni::testa_e_azioni_non_vanno_se_la_testa_fallisce() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (1000001, 'preso', 1)"));
+    AzioniDaRegistrare = UnaDiOgniTipo();
+    NumeroAzioniDaRegistrare = 7;
+    CodiceDisegnoDaRegistrare = 1000001;
+    QVERIFY(!RegistraTestaEAzioniDisegno(QStringLiteral("1000001"), 1));
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 3022/4510")));
+    QCOMPARE(TestaDisegno(1000001).Nome, QStringLiteral("preso"));
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
 }
 
 void TestArchivioAzioni::azioni_su_un_disegno_inesistente_non_scrivono_nulla() {

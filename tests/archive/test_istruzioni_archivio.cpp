@@ -11,6 +11,9 @@
 #include <QSqlQuery>
 #include <QtTest>
 
+#include <array>
+#include <functional>
+
 namespace {
 
 void Sql(const QString& connessione, const QString& testo, const QVariantList& valori = {}) {
@@ -102,6 +105,15 @@ private slots:
     void nome_cercato_senza_badare_alle_maiuscole_e_solo_nella_cartella();
     void testa_di_un_disegno_assente_e_errore_3021();
     void archivio_non_aperto_e_un_errore_numerato();
+    void codici_sotto_1_non_danno_un_codice_sotto_1();
+    void codice_di_tipo_sbagliato_da_3021_al_codice_libero();
+    void codice_oltre_32_bit_negli_elenchi_da_errore_6();
+    void codice_0_o_negativo_negli_elenchi_da_errore_6();
+    void nome_o_cartella_mancante_da_3021();
+    void nome_di_tipo_sbagliato_da_3021();
+    void ultima_copia_e_la_piu_alta_anche_con_un_buco();
+    void riprendere_le_copie_toglie_le_teste_senza_righe();
+    void riprendere_senza_copie_da_la_base();
 };
 
 void TestIstruzioniArchivio::tabella_vuota_da_il_codice_1() {
@@ -313,6 +325,167 @@ void TestIstruzioniArchivio::archivio_non_aperto_e_un_errore_numerato() {
     } catch (const ErroreZanto& e) {
         QCOMPARE(e.Numero, 3420);
     }
+}
+
+void TestIstruzioniArchivio::codici_sotto_1_non_danno_un_codice_sotto_1() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Disegno(-5, QStringLiteral("meno cinque"));
+    Disegno(0, QStringLiteral("zero"));
+    QCOMPARE(CodiceLiberoMinimo(TipoCodice::Disegno), 1);
+    Disegno(1, QStringLiteral("uno"));
+    Disegno(2, QStringLiteral("due"));
+    QCOMPARE(CodiceLiberoMinimo(TipoCodice::Disegno), 3);
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabCartelle (CodiceCartella, NomeCartella) VALUES (-1, 'x')"));
+    QCOMPARE(CodiceLiberoMinimo(TipoCodice::Cartella), 2);
+}
+
+void TestIstruzioniArchivio::codice_di_tipo_sbagliato_da_3021_al_codice_libero() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    // The code of an object is no alias of the row id: it can hold text.
+    Oggetto(1, QStringLiteral("uno"));
+    Oggetto(2, QStringLiteral("due"));
+    Sql(ArchivioOggetti,
+        QStringLiteral("INSERT INTO TabOggetti (CodiceOggetto, NomeOggetto, CodiceCartellaObj)"
+                       " VALUES ('tre', 'tre', 1)"));
+    try {
+        CodiceLiberoMinimo(TipoCodice::Oggetto);
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3021);
+    }
+}
+
+void TestIstruzioniArchivio::codice_oltre_32_bit_negli_elenchi_da_errore_6() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    const qlonglong oltre = (qlonglong(1) << 32) + 7; // toInt would make it 7
+    Disegno(1, QStringLiteral("uno"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (?, 'Grande', 1)"),
+        {oltre});
+    const std::array<std::function<void()>, 2> letture = {
+        [] { DisegniInOrdineDiCodice(); },
+        [] { CercaNomeDisegno(QStringLiteral("grande"), 1); },
+    };
+    for (const auto& leggi : letture) {
+        try {
+            leggi();
+            QFAIL("nessun errore");
+        } catch (const ErroreZanto& e) {
+            QCOMPARE(e.Numero, 6);
+        }
+    }
+    // The lowest free code still comes from below it.
+    QCOMPARE(CodiceLiberoMinimo(TipoCodice::Disegno), 2);
+}
+
+void TestIstruzioniArchivio::codice_0_o_negativo_negli_elenchi_da_errore_6() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioDisegni,
+        QStringLiteral(
+            "INSERT INTO TabCartelle (CodiceCartella, NomeCartella) VALUES (0, 'zero')"));
+    try {
+        CartelleInOrdineDiNome();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 6);
+    }
+    Sql(ArchivioDisegni, QStringLiteral("PRAGMA foreign_keys = OFF"));
+    Disegno(4, QStringLiteral("quattro"), -3);
+    Sql(ArchivioDisegni, QStringLiteral("PRAGMA foreign_keys = ON"));
+    try {
+        TestaDisegno(4);
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 6);
+    }
+}
+
+void TestIstruzioniArchivio::nome_o_cartella_mancante_da_3021() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    // A head table as another program could leave it, without NOT NULL.
+    Sql(ArchivioDisegni, QStringLiteral("DROP TABLE TabAzioniDisegno"));
+    Sql(ArchivioDisegni, QStringLiteral("DROP TABLE TabDisegni"));
+    Sql(ArchivioDisegni, QStringLiteral("CREATE TABLE TabDisegni (CodiceDisegno INTEGER PRIMARY"
+                                        " KEY, NomeDisegno TEXT, CodiceCartella INTEGER)"));
+    Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabDisegni VALUES (3, NULL, 1)"));
+    try {
+        DisegniInOrdineDiCodice();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3021);
+        QVERIFY(e.Descrizione.contains(QStringLiteral("NomeDisegno")));
+    }
+    Sql(ArchivioDisegni, QStringLiteral("UPDATE TabDisegni SET NomeDisegno = 'tre',"
+                                        " CodiceCartella = NULL"));
+    try {
+        TestaDisegno(3);
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3021);
+        QVERIFY(e.Descrizione.contains(QStringLiteral("CodiceCartella")));
+    }
+}
+
+void TestIstruzioniArchivio::nome_di_tipo_sbagliato_da_3021() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioOggetti,
+        QStringLiteral("INSERT INTO TabCartelleObj (CodiceCartellaObj, NomeCartellaObj)"
+                       " VALUES (2, ?)"),
+        {QByteArray("Case")});
+    try {
+        CartelleObjInOrdineDiCodice();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3021);
+    }
+}
+
+void TestIstruzioniArchivio::ultima_copia_e_la_piu_alta_anche_con_un_buco() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    QCOMPARE(UltimaCopiaLavoro(), BaseCopieLavoro);
+    Disegno(7, QStringLiteral("mio"), 1, 1);
+    QCOMPARE(UltimaCopiaLavoro(), BaseCopieLavoro);
+    Disegno(1000001, QStringLiteral("1000001"), 1, 1);
+    Disegno(1000003, QStringLiteral("1000003"), 1, 2);
+    QCOMPARE(NumeroCopieLavoro(), 2);
+    QCOMPARE(UltimaCopiaLavoro(), 1000003);
+}
+
+void TestIstruzioniArchivio::riprendere_le_copie_toglie_le_teste_senza_righe() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Disegno(5, QStringLiteral("vuoto ma mio"));
+    Disegno(1000001, QStringLiteral("1000001"), 1, 1);
+    Disegno(1000002, QStringLiteral("1000002"), 1, 2);
+    Disegno(1000003, QStringLiteral("1000003"));
+    Disegno(1000004, QStringLiteral("1000004"));
+    QCOMPARE(RiprendiCopieLavoro(), 1000002);
+    QCOMPARE(Codici(DisegniInOrdineDiCodice()), (QList<int32_t>{5, 1000001, 1000002}));
+    QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 3);
+    // A copy without rows in the middle goes too; the history goes on after the highest.
+    Disegno(1000003, QStringLiteral("1000003"), 1, 1);
+    Sql(ArchivioDisegni, QStringLiteral("DELETE FROM TabAzioniDisegno WHERE CodiceDisegno = ?"),
+        {1000002});
+    QCOMPARE(RiprendiCopieLavoro(), 1000003);
+    QCOMPARE(Codici(DisegniInOrdineDiCodice()), (QList<int32_t>{5, 1000001, 1000003}));
+}
+
+void TestIstruzioniArchivio::riprendere_senza_copie_da_la_base() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    QCOMPARE(RiprendiCopieLavoro(), BaseCopieLavoro);
+    Disegno(1000001, QStringLiteral("1000001"));
+    QCOMPARE(RiprendiCopieLavoro(), BaseCopieLavoro);
+    QCOMPARE(NumeroCopieLavoro(), 0);
 }
 
 QTEST_MAIN(TestIstruzioniArchivio)

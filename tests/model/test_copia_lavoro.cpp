@@ -18,6 +18,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -164,6 +165,9 @@ private slots:
     void copia_di_azioni_vuote_ha_solo_la_riga_di_testa();
     void guasto_della_riga_di_testa_lascia_archivio_e_contatore();
     void guasto_delle_righe_lascia_archivio_e_contatore();
+    void righe_rifiutate_non_lasciano_la_testa_anche_se_non_si_puo_togliere();
+    void contatore_indietro_continua_dopo_la_copia_piu_alta();
+    void copia_con_un_nan_da_errore_6_e_lascia_archivio_e_contatore();
     void strada_di_una_linea_fino_alla_copia();
     void ingombro_di_nessun_elemento_e_il_quadro_rovesciato();
     void ingombro_di_linee_e_centri();
@@ -435,7 +439,7 @@ void TestCopiaLavoro::guasto_della_riga_di_testa_lascia_archivio_e_contatore() {
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
     QCOMPARE(amb.Scatole.size(), 1);
-    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("/3610")));
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("/4510")));
 }
 
 void TestCopiaLavoro::guasto_delle_righe_lascia_archivio_e_contatore() {
@@ -459,6 +463,64 @@ void TestCopiaLavoro::guasto_delle_righe_lascia_archivio_e_contatore() {
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno"
                                   " WHERE CodiceDisegno = 1000002")),
              2);
+}
+
+void TestCopiaLavoro::righe_rifiutate_non_lasciano_la_testa_anche_se_non_si_puo_togliere() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    CodiceCartellaAttiva = 1;
+    Azioni_({Linea(1, 2, 3, 4)});
+    QVERIFY(RegistraCopiaLavoro());
+    Sql(QStringLiteral("CREATE TRIGGER Rifiuta BEFORE INSERT ON TabAzioniDisegno"
+                       " WHEN NEW.NumAzione = 2 BEGIN SELECT RAISE(ABORT, 'rifiutata'); END"));
+    Sql(QStringLiteral("CREATE TRIGGER Tieni BEFORE DELETE ON TabDisegni"
+                       " BEGIN SELECT RAISE(ABORT, 'tenuta'); END"));
+    Azioni_({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
+    QVERIFY(!RegistraCopiaLavoro());
+    QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro + 1);
+    QCOMPARE(amb.Scatole.size(), 1);
+    QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabDisegni d WHERE NOT EXISTS"
+                                  " (SELECT 1 FROM TabAzioniDisegno a"
+                                  " WHERE a.CodiceDisegno = d.CodiceDisegno)")),
+             0);
+    // The next Fissa is not blocked by a code left taken.
+    Sql(QStringLiteral("DROP TRIGGER Rifiuta"));
+    QVERIFY(RegistraCopiaLavoro());
+    QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro + 2);
+    QCOMPARE(amb.Scatole.size(), 1);
+}
+
+void TestCopiaLavoro::contatore_indietro_continua_dopo_la_copia_piu_alta() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    CodiceCartellaAttiva = 1;
+    Azioni_({Linea(1, 2, 3, 4)});
+    QVERIFY(RegistraCopiaLavoro());
+    QVERIFY(RegistraCopiaLavoro());
+    CodiceCopiaLavoro = BaseCopieLavoro + 1; // behind the archive
+    Azioni_({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
+    QVERIFY(RegistraCopiaLavoro());
+    QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro + 3);
+    QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno"
+                                  " WHERE CodiceDisegno = 1000003")),
+             2);
+    QVERIFY(amb.Scatole.isEmpty());
+}
+
+void TestCopiaLavoro::copia_con_un_nan_da_errore_6_e_lascia_archivio_e_contatore() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    CodiceCartellaAttiva = 1;
+    RecordAzione colorazione = NuovaColorazione(100, 200);
+    colorazione.XCentro = std::numeric_limits<float>::quiet_NaN();
+    Azioni_({Linea(1, 2, 3, 4), colorazione});
+    QVERIFY(!RegistraCopiaLavoro());
+    QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro);
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.startsWith(QStringLiteral("ERRORE 6/4520")));
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("Overflow")));
+    QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
+    QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
 }
 
 void TestCopiaLavoro::strada_di_una_linea_fino_alla_copia() {
