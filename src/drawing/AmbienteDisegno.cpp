@@ -8,6 +8,7 @@
 #include "input/Orologio.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
+#include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroSceltaDirezione.h"
@@ -168,6 +169,12 @@ void AmbienteDisegno::CostruisciControlli() {
             .pixmap(IconaMirino->size()));
     IconaMirino->setAttribute(Qt::WA_TransparentForMouseEvents);
     IconaMirino->hide();
+
+    QuadroImmagine = new QLabel(QuadroDisegno);
+    QuadroImmagine->setObjectName(QStringLiteral("QuadroImmagine"));
+    QuadroImmagine->setGeometry(RettangoloTwips(555, 15, 2445, 1695));
+    QuadroImmagine->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QuadroImmagine->hide();
 }
 
 void AmbienteDisegno::AttivaAmbienteDisegno() {
@@ -179,11 +186,17 @@ void AmbienteDisegno::AttivaAmbienteDisegno() {
                               NomeCartellaAttiva.trimmed() + QStringLiteral("   [ ") +
                               QStringLiteral("%1").arg(CodiceCartellaAttiva, 4, 10, QChar(u'0')) +
                               QStringLiteral(" ] » ");
+             CentroSchermoX = Intero16(static_cast<int64_t>(Px(LarghezzaQuadroDisegno / 2 + 15)));
+             CentroSchermoY = Intero16(static_cast<int64_t>(Px(AltezzaQuadroDisegno / 2 + 780)));
              ParcheggiaMouse();
          }},
         {1010,
          [this] {
              AzzeraStatoAmbiente();
+             // What a selection of an earlier visit pointed at is gone with it.
+             AzzeraSelezione();
+             setCursor(Qt::ArrowCursor);
+             QuadroDisegno->setCursor(Qt::ArrowCursor);
              Quadro.ImpostaBackColor(ColoreSfondo);
              for (int16_t i = 101; i <= 133; ++i) {
                  Corone.value(i)->hide();
@@ -255,6 +268,10 @@ void AmbienteDisegno::ClickTasto(int16_t indice) {
 
 void AmbienteDisegno::RidisegnoCompleto() {
     Quadro.ImmagineVuota();
+    // The dotted pen of an open element or a selection box must not reach the
+    // drawing: a replay starts from the plain pen and no fill.
+    Quadro.DrawStyle = 0;
+    Quadro.FillStyle = 1;
     PrimaAzioneTraccia = 1;
     UltimaAzioneTraccia = Intero16(static_cast<int64_t>(NumeroAzioni));
     TracciaAzioni(Quadro);
@@ -290,7 +307,33 @@ void AmbienteDisegno::RoutineTastoGiu(int codice, int modificatori) {
         if (DirezioneScelta >= 1 && DirezioneScelta <= 4) codice = frecce[DirezioneScelta];
     }
     TastoMovimento = static_cast<int16_t>(codice);
-    ApplicaTastoMovimento(Quadro);
+    // A step that fails stops the walk: the user gets the box once, not at
+    // every dwell, and then the direction panel again.
+    if (!EseguiProtetto([this] { ApplicaTastoMovimento(Quadro); })) FermaCammino();
+}
+
+void AmbienteDisegno::FermaCammino() {
+    MovimentoAttivo = 0;
+    if (attesaMovimento_ != nullptr) attesaMovimento_->quit();
+}
+
+bool AmbienteDisegno::TastoRipetuto(int codice) const {
+    // With five keys an element walks while its arrow is held.
+    return ModalitàFunzionamento == 4 && ComandoModifica != 0 &&
+           (codice == CodiciTasto::Sinistra || codice == CodiciTasto::Destra ||
+            codice == CodiciTasto::Su || codice == CodiciTasto::Giu);
+}
+
+void AmbienteDisegno::DopoErrore() {
+    // In modes 1 and 2 a red button that is not walking can never be reached
+    // again: the edit command ends, as the end of its walk would end it.
+    const int16_t modo = ModalitàFunzionamento;
+    if ((modo == 1 || modo == 2) && ComandoModifica > 0 && attesaMovimento_ == nullptr) {
+        if (ComandoModifica != PrimitivaAttiva) ImpostaColoreCorona(ComandoModifica, 0x00FF00);
+        ComandoModifica = 0;
+        MovimentoAttivo = 0;
+    }
+    FormScansione::DopoErrore();
 }
 
 void AmbienteDisegno::ApriSceltaDirezione() {

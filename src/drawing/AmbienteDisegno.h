@@ -27,6 +27,8 @@ public:
     void ClickTasto(int16_t indice) override;
     void RoutineTastoGiu(int codice, int modificatori) override;
     void PrimaAttivazione() override;
+    void DopoErrore() override;
+    bool TastoRipetuto(int codice) const override;
 
     // Resume: the ring walks again in modes 1 and 2. Refuse: a beep, then resume.
     void Riprendi();
@@ -53,6 +55,12 @@ public:
     QLabel* ScrittaNomeDisegno = nullptr;
     QLabel* MostraInfo = nullptr;
     QLabel* IconaMirino = nullptr;
+    // Hidden: it loads a picture and takes its natural size, which is how a
+    // command learns that size.
+    QLabel* QuadroImmagine = nullptr;
+    // The centre of the canvas in pixels, from the form's client corner.
+    int16_t CentroSchermoX = 0;
+    int16_t CentroSchermoY = 0;
     QString TitoloAmbiente;
 
     std::unique_ptr<ComandiDisegno> Comandi;
@@ -60,6 +68,7 @@ public:
 private:
     void CostruisciControlli();
     void AttendiPasso();
+    void FermaCammino();
 
     QEventLoop* attesaMovimento_ = nullptr;
 };

@@ -48,12 +48,32 @@ int16_t TastoDelTipo(int32_t tipo) {
 
 } // namespace
 
+int16_t MarcaComando(int16_t indice) {
+    // In the order the routine tests them: 117 and 118 first, then 101 upwards;
+    // 121, 124 and 131 keep room for the finer marks of their steps.
+    if (indice == 117) return 1202;
+    if (indice == 118) return 1204;
+    if (indice >= 101 && indice <= 116) return static_cast<int16_t>(1206 + 2 * (indice - 101));
+    static const int16_t marche[] = {1242, 1244, 1246, 1250, 1252, 1254, 1258, 1260,
+                                     1262, 1264, 1266, 1268, 1270, 1276, 1278};
+    if (indice >= 119 && indice <= 133) return marche[indice - 119];
+    return 1200;
+}
+
 void ComandiDisegno::TastoDisegno_Click(int16_t indice) {
     SezioneCorrente = 1200;
+    // The routine's own trap: a fault of any command reaches the error routine
+    // with the command's mark, and the screen goes on.
+    a_.Protetto([this, indice] { Comando(indice); });
+}
+
+void ComandiDisegno::Comando(int16_t indice) {
     if (indice == ComandoModifica && ComandoModifica > 0) {
+        SezioneCorrente = MarcaComando(indice);
         FineComandoModifica();
         return;
     }
+    SezioneCorrente = MarcaComando(indice);
     const bool liberoDaElementi = ComandoModifica < 1 && PrimitivaAttiva < 1;
     switch (indice) {
     case 117:
@@ -156,7 +176,6 @@ void ComandiDisegno::FineComandoModifica() {
 }
 
 void ComandiDisegno::ApriPrimitiva(int16_t indice) {
-    SezioneCorrente = static_cast<int16_t>(1202 + 2 * (indice - 101));
     PrimitivaAttiva = indice;
     RecordAzione e;
     e.ColLinea = ColoreLineaCorrente;
@@ -195,14 +214,12 @@ void ComandiDisegno::ApriPrimitiva(int16_t indice) {
 }
 
 void ComandiDisegno::ComandoDiModifica(int16_t indice) {
-    SezioneCorrente = static_cast<int16_t>(1210 + 2 * (indice - 105));
     ComandoModifica = indice;
     a_.ImpostaColoreCorona(indice, Rosso);
     a_.ApriSceltaDirezione();
 }
 
 void ComandiDisegno::ColoraZona() {
-    SezioneCorrente = 1228;
     PrimitivaAttiva = 114;
     ComandoModifica = 114;
     RecordAzione e;
@@ -235,7 +252,6 @@ void ComandiDisegno::SceltaFormePieneVuote() {
 }
 
 void ComandiDisegno::Fissa() {
-    SezioneCorrente = 1234;
     if (PrimitivaAttiva == 0 && OggettoAttivo == 0) {
         a_.Rifiuta();
         return;
@@ -251,16 +267,17 @@ void ComandiDisegno::Fissa() {
         }
         if (PrimitivaAttiva == 120) {
             // The box is no action: it only says what to select.
-            EseguiPassi({{1234, [] { PrendiRettangoloSelezione(ElementoInCostruzione); }}});
+            EseguiPassi({{1202, [] { PrendiRettangoloSelezione(ElementoInCostruzione); }}});
             a_.ImpostaColoreCorona(120, Verde);
             PrimitivaAttiva = 0;
             a_.Motore.TastoCorrente = 117;
             a_.AggiornaCorone();
             SelezionaElementi();
             if (NumeroElementiAttivi == 0) {
-                q.Refresh();
+                // The box stays in sight while the message says it took nothing.
                 ParcheggiaMouse();
                 Messaggio(TestoNessunElementoSelezionato, 1, 1);
+                q.Refresh();
             } else {
                 q.DrawWidth = 1;
                 q.DrawStyle = 2;
@@ -269,7 +286,7 @@ void ComandiDisegno::Fissa() {
             a_.Riprendi();
             return;
         }
-        EseguiPassi({{1236, [&q] { FissaElemento(q); }}});
+        EseguiPassi({{1202, [&q] { FissaElemento(q); }}});
         if (IndiceElementoInModifica != 0)
             SostituisciElementoInModifica();
         else
@@ -280,8 +297,11 @@ void ComandiDisegno::Fissa() {
         a_.Motore.TastoCorrente = 117;
         a_.AggiornaCorone();
         q.Refresh();
-        a_.Riprendi();
-        return;
+        // An object open beside the element is stored too, after it.
+        if (OggettoAttivo != 1) {
+            a_.Riprendi();
+            return;
+        }
     }
     if (OggettoAttivo == 1) {
         if (CopiaOSposta == 2) RimuoviSelezione();
@@ -297,7 +317,6 @@ void ComandiDisegno::Fissa() {
 }
 
 void ComandiDisegno::Annulla() {
-    SezioneCorrente = 1236;
     Superficie& q = a_.Quadro;
     if (OggettoAttivo == 1) {
         OggettoAttivo = 0;
@@ -331,7 +350,6 @@ void ComandiDisegno::Annulla() {
 }
 
 void ComandiDisegno::SelezionaOggetto() {
-    SezioneCorrente = 1240;
     PrimitivaAttiva = 120;
     RecordAzione e;
     e.TipoAzione = TipiAzione::RettangoloSelezione;
@@ -360,10 +378,9 @@ void ComandiDisegno::SelezionaOggetto() {
 }
 
 void ComandiDisegno::Ribalta() {
-    SezioneCorrente = 1246;
     ParcheggiaMouse();
-    // Beside the column of buttons, level with the one that opened it.
-    ApriQuadroSceltaRibaltamenti(14144 - 795, 2940 - 45 + 260);
+    // At the canvas's right edge, a little below the ring of 121.
+    ApriQuadroSceltaRibaltamenti(14144 - 795, 1440 - 45 + 260);
     if (RibaltamentoScelto == 5) {
         a_.Riprendi();
         return;
@@ -374,7 +391,6 @@ void ComandiDisegno::Ribalta() {
 }
 
 void ComandiDisegno::DisegnaUltimoOggetto() {
-    SezioneCorrente = 1250;
     RidisegnaUltimoOggetto();
     a_.Quadro.DrawWidth = 1;
     a_.Quadro.DrawStyle = 2;
@@ -393,7 +409,6 @@ void ComandiDisegno::CopiaOSposta_Click() {
 }
 
 void ComandiDisegno::EliminaOggetto() {
-    SezioneCorrente = 1254;
     RimuoviSelezione();
     OggettoAttivo = 0;
     a_.RidisegnoCompleto();
@@ -401,7 +416,6 @@ void ComandiDisegno::EliminaOggetto() {
 }
 
 void ComandiDisegno::DuplicaUltima() {
-    SezioneCorrente = 1244;
     RecordAzione e = Azioni[NumeroAzioni];
     e.SpessLinea = 1;
     switch (e.TipoAzione) {

@@ -401,6 +401,18 @@ void MotoreMovimento() {
 }
 
 void ApplicaTastoMovimento(Superficie& quadro) {
+    // A step that fails half way leaves the element and the group as they were.
+    struct Ripristino {
+        RecordAzione Elemento = ElementoInCostruzione;
+        QList<RecordAzione> Gruppo = ElementiAttivi;
+        bool Concluso = false;
+        ~Ripristino() {
+            TastoMovimento = 0;
+            if (Concluso) return;
+            ElementoInCostruzione = Elemento;
+            ElementiAttivi = Gruppo;
+        }
+    } ripristino;
     if (PrimitivaAttiva > 0) {
         CopiaGeometria(ElementoInCostruzione, RecordLavoro, true);
         MotoreMovimento();
@@ -409,7 +421,6 @@ void ApplicaTastoMovimento(Superficie& quadro) {
     }
     // An object that is active beside an open element takes the same key.
     if (OggettoAttivo == 1) {
-        const QList<RecordAzione> salvati = ElementiAttivi;
         const MisuraDelPasso misura;
         for (int16_t i = 1; i <= NumeroElementiAttivi; ++i) {
             ElementoGruppo = i;
@@ -421,7 +432,7 @@ void ApplicaTastoMovimento(Superficie& quadro) {
         if (BloccoBordo < 1)
             TracciaElementoAttivo(quadro);
         else
-            ElementiAttivi = salvati;
+            ElementiAttivi = ripristino.Gruppo;
     }
-    TastoMovimento = 0;
+    ripristino.Concluso = true;
 }

@@ -2,6 +2,7 @@
 
 #include "start/Bip.h"
 #include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
 #include "start/Misure.h"
 
 #include <QKeyEvent>
@@ -54,7 +55,13 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
         tasto->ImpostaTesto(d.Didascalia, d.Suggerimento);
         tasto->installEventFilter(this);
         const int16_t indice = d.Indice;
-        connect(tasto, &QPushButton::clicked, this, [this, indice] { ClickTasto(indice); });
+        connect(tasto, &QPushButton::clicked, this, [this, indice] {
+            // A click is a choice: the ring stops as it does for the choice key.
+            Protetto([this, indice] {
+                Motore.FermaScansione();
+                ClickTasto(indice);
+            });
+        });
         Tasti.insert(d.Indice, tasto);
         ImpostaColoreCorona(d.Indice, 0x00FF00);
     }
@@ -114,19 +121,51 @@ void FormScansione::Attiva() {
     PrimaAttivazione();
 }
 
+void FormScansione::PosizionaSopra(int sinistraTwips, int altoTwips) {
+    QPoint punto(Px(sinistraTwips), Px(altoTwips));
+    for (FormScansione* sotto : std::as_const(FormAperti())) {
+        if (sotto == this || !sotto->isVisible()) continue;
+        punto = sotto->mapToGlobal(punto);
+        break;
+    }
+    move(punto);
+}
+
+void FormScansione::Protetto(const std::function<void()>& corpo) {
+    if (!EseguiProtetto(corpo)) DopoErrore();
+}
+
+void FormScansione::DopoErrore() {
+    if (!isVisible()) return;
+    if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) {
+        Motore.AvviaScansione();
+    } else {
+        Motore.FermaScansione();
+        AggiornaCorone();
+    }
+}
+
+bool FormScansione::TastoRipetuto(int codice) const {
+    Q_UNUSED(codice);
+    return false;
+}
+
 bool FormScansione::GestisciTasto(QKeyEvent* e) {
-    // A held switch must not fire again and again.
-    if (e->isAutoRepeat()) return true;
     const int codice = CodiceTasto(e);
-    if (codice == CodiciTasto::Invio) {
-        for (TastoZanto* tasto : std::as_const(Tasti)) {
-            if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {
-                ClickTasto(tasto->Indice());
-                return true;
+    // A held switch must not fire again and again; only a screen that walks
+    // something with a held arrow takes the repeats.
+    if (e->isAutoRepeat() && !TastoRipetuto(codice)) return true;
+    Protetto([this, codice, modificatori = MaschereModificatori(e)] {
+        if (codice == CodiciTasto::Invio) {
+            for (TastoZanto* tasto : std::as_const(Tasti)) {
+                if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {
+                    ClickTasto(tasto->Indice());
+                    return;
+                }
             }
         }
-    }
-    if (codice != 0) RoutineTastoGiu(codice, MaschereModificatori(e));
+        if (codice != 0) RoutineTastoGiu(codice, modificatori);
+    });
     return true;
 }
 

@@ -54,12 +54,25 @@ public:
     virtual void RoutineTastoGiu(int codice, int modificatori);
     // First activation: focus on FocusFix and, in modes 1 and 2, the ring starts.
     virtual void PrimaAttivazione();
+    // Does a held key's auto-repeat reach the key routine? By default never.
+    virtual bool TastoRipetuto(int codice) const;
     // Does this screen set the default flag in mode 3 as well as in mode 4?
     virtual bool PredefinitoInModo3() const { return true; }
 
     // A screen whose keys rest on a control of its own (the drawing canvas)
     // gives it here in place of the invisible FocusFix.
     void UsaComeFocus(QWidget* controllo);
+
+    // Runs a key or click routine inside the guard: a fault reaches the error
+    // routine, and the screen then goes on as after a command (DopoErrore).
+    void Protetto(const std::function<void()>& corpo);
+    // What the screen does after a fault in its routines: by default, in modes
+    // 1 and 2 the ring walks again, so that nobody is left with a still ring.
+    virtual void DopoErrore();
+
+    // Places this panel at a point given in twips from the client corner of
+    // the screen it opens above, wherever on the display that screen stands.
+    void PosizionaSopra(int sinistraTwips, int altoTwips);
 
     // Makes the first activation happen now if it has not yet (the platform may
     // never report one without a window manager).

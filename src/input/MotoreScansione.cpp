@@ -118,9 +118,14 @@ void MotoreScansione::Scatto() {
             OrologioCorrente().Programma(TempoLatenzaScansione - passato, [this] { Scatto(); });
         return;
     }
-    PassoCiclo(PassoScansione);
-    if (ScansioneAttiva != 1) return;
-    if (AggiornaCorone) AggiornaCorone();
+    // A tick comes from the event loop: a fault ends in the error routine, and
+    // the ring goes on walking all the same.
+    EseguiProtetto([this] {
+        PassoCiclo(PassoScansione);
+        if (ScansioneAttiva != 1) return;
+        if (AggiornaCorone) AggiornaCorone();
+    });
+    if (ScansioneAttiva != 1 || sveglia_ != 0) return;
     Attendi(TempoLatenzaScansione);
 }
 
@@ -199,7 +204,13 @@ bool MotoreScansione::TastoDiretto(int codice) {
     if (codice != F4 && codice != F5 && codice != F6 && codice != F7 && codice != F8 &&
         codice != F9 && codice != F11 && codice != F12)
         return false;
-    if (codice == F6) ModalitàFunzionamento = 1;
+    if (codice == F6) {
+        // Mode 1 has no key to turn the ring: whatever a pause or an inversion
+        // of mode 2 left, it walks forward again.
+        ModalitàFunzionamento = 1;
+        PassoScansione = 1;
+        VersoInversione = 1;
+    }
     if (codice == F7) ModalitàFunzionamento = 2;
     if (codice == F11) ModalitàFunzionamento = 3;
     if (codice == F12) ModalitàFunzionamento = 4;

@@ -11,6 +11,7 @@ void AzzeraStatoAmbiente() {
     TastoMovimento = 0;
     BloccoBordo = 0;
     RecordLavoro = RecordAzione{};
+    FormatoPagina = 1;
     IndicePasso = 2;
     PassoSpostamento = 50;
     FattoreRidimensione = 0.025f;

@@ -25,6 +25,9 @@ inline int16_t TastoMovimento = 0;
 inline int16_t BloccoBordo = 0;
 inline RecordAzione RecordLavoro;
 
+// The paper of a printout: 1 A4, 2 A3.
+inline int16_t FormatoPagina = 1;
+
 // Steps of the movement.
 inline int16_t IndicePasso = 2;
 inline int32_t PassoSpostamento = 50;

@@ -64,6 +64,6 @@ void ApriQuadroSceltaDirezione() {
     quadro.AttivaQuadroSceltaDirezione();
     // Centred under the canvas' lower edge, clear of the element in the middle
     // and of the strip of labels below.
-    quadro.move(Px((15270 - 3975) / 2), Px(780 + 10000 - 780 - 90));
+    quadro.PosizionaSopra((15270 - 3975) / 2, 780 + 10000 - 780 - 90);
     quadro.exec();
 }

@@ -49,6 +49,6 @@ void QuadroSceltaRibaltamenti::ClickTasto(int16_t indice) {
 void ApriQuadroSceltaRibaltamenti(int sinistraTwips, int altoTwips) {
     QuadroSceltaRibaltamenti quadro;
     quadro.AttivaQuadroSceltaRibaltamenti();
-    quadro.move(Px(sinistraTwips), Px(altoTwips));
+    quadro.PosizionaSopra(sinistraTwips, altoTwips);
     quadro.exec();
 }

@@ -107,6 +107,6 @@ void QuadroSettaggiFont::ClickTasto(int16_t indice) {
 void ApriQuadroSettaggiFont(int sinistraTwips, int altoTwips) {
     QuadroSettaggiFont quadro;
     quadro.AttivaQuadroSettaggiFont();
-    quadro.move(Px(sinistraTwips), Px(altoTwips));
+    quadro.PosizionaSopra(sinistraTwips, altoTwips);
     quadro.exec();
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
+#include <new>
 
 namespace {
 
@@ -110,4 +112,22 @@ bool EseguiPassi(std::initializer_list<Passo> passi) {
         }
     }
     return true;
+}
+
+bool EseguiProtetto(const std::function<void()>& corpo) {
+    try {
+        corpo();
+        return true;
+    } catch (const FineProgramma&) {
+        throw;
+    } catch (const ErroreZanto& e) {
+        GestioneErrori(e);
+    } catch (const std::bad_alloc&) {
+        GestioneErrori({7, QStringLiteral("Memoria esaurita")});
+    } catch (const std::exception& e) {
+        GestioneErrori({51, QStringLiteral("Errore interno: ") + QString::fromLocal8Bit(e.what())});
+    } catch (...) {
+        GestioneErrori({51, QStringLiteral("Errore interno")});
+    }
+    return false;
 }

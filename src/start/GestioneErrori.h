@@ -47,3 +47,9 @@ struct Passo {
 // the step (1), goes on with the next (2) or leaves (3). Leaving during start-up
 // ends the program (throws FineProgramma). Returns false when it left early.
 bool EseguiPassi(std::initializer_list<Passo> passi);
+
+// The guard of an event boundary (a key, a click, a tick of the ring, the event
+// loop itself): any fault goes to the error routine with the current mark and
+// never reaches Qt. The end of the program during start passes through.
+// Returns false when the body failed.
+bool EseguiProtetto(const std::function<void()>& corpo);

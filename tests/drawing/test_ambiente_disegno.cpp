@@ -16,6 +16,7 @@
 #include "support/Sonde.h"
 
 #include <QLabel>
+#include <QSqlError>
 #include <QtTest>
 
 #include <memory>
@@ -126,6 +127,11 @@ private slots:
             q.addBindValue(codice);
             q.addBindValue(QString::number(codice));
             QVERIFY(q.exec());
+            QSqlQuery r(Archivio(ArchivioDisegni));
+            r.prepare(QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione,"
+                                     " TipoAzione) VALUES (?, 1, 1)"));
+            r.addBindValue(codice);
+            QVERIFY2(r.exec(), qPrintable(r.lastError().text()));
         }
         AmbienteDisegno* a = Apri(4);
         QCOMPARE(CodiceCopiaLavoro, 1000002);
