@@ -166,11 +166,34 @@ double Superficie::PixelY(double y) const {
     return (y - alto_) * bitmap_.height() / double(altezza_);
 }
 
+namespace {
+// Far enough off any bitmap to draw nothing, near enough that sizes and
+// differences of two points still fit an int.
+constexpr double LimitePixel = 1 << 28;
+
+int PixelIntero(double p) {
+    if (std::isnan(p)) return static_cast<int>(LimitePixel);
+    return static_cast<int>(Arrotonda(std::clamp(p, -LimitePixel, LimitePixel)));
+}
+} // namespace
+
 int Superficie::PuntoPixelX(double x) const {
-    return static_cast<int>(Arrotonda(PixelX(x)));
+    return PixelIntero(PixelX(x));
 }
 int Superficie::PuntoPixelY(double y) const {
-    return static_cast<int>(Arrotonda(PixelY(y)));
+    return PixelIntero(PixelY(y));
+}
+
+bool Superficie::EllisseFuori(float x, float y, double rx, double ry) const {
+    const double cx = PixelX(x);
+    const double cy = PixelY(y);
+    if (!std::isfinite(cx) || !std::isfinite(cy) || !std::isfinite(rx) || !std::isfinite(ry))
+        return true;
+    // A rim this far away never crosses the bitmap.
+    if (rx > LimitePixel / 4 || ry > LimitePixel / 4) return true;
+    const double margine = DrawWidth + 2;
+    return cx + rx + margine < 0 || cy + ry + margine < 0 || cx - rx - margine > bitmap_.width() ||
+           cy - ry - margine > bitmap_.height();
 }
 
 QFont Superficie::FontCorrente() const {
@@ -749,11 +772,12 @@ void Superficie::Timbra(const std::vector<Timbro::Pezzo>& pezzi, QPoint centro,
 }
 
 void Superficie::Circle(float x, float y, float raggio, int32_t colore, float aspetto) {
-    {
+    do {
         const Raggi r = RaggiEllisse(raggio, aspetto);
         const QPointF centro(PuntoPixelX(x), PuntoPixelY(y));
         const double rx = r.X * bitmap_.width() / std::fabs(double(larghezza_));
         const double ry = r.Y * bitmap_.height() / std::fabs(double(altezza_));
+        if (EllisseFuori(x, y, rx, ry)) break;
         const QBrush pennello = PennelloDi(FillStyle, FillColor);
         if (DrawWidth > 1 && Pieno(DrawStyle)) {
             if (pennello.style() == Qt::SolidPattern) {
@@ -794,7 +818,7 @@ void Superficie::Circle(float x, float y, float raggio, int32_t colore, float as
             p.setBrush(pennello);
             p.drawEllipse(centro, rx, ry);
         }
-    }
+    } while (false);
     CurrentX = x;
     CurrentY = y;
     if (!AutoRedraw) Avvisa();
@@ -805,11 +829,12 @@ void Superficie::Circle(float x, float y, float raggio, int32_t colore, float in
     if (!std::isfinite(inizio) || !std::isfinite(fine) || std::fabs(inizio) > DuePi ||
         std::fabs(fine) > DuePi)
         throw ErroreZanto{5, QStringLiteral("Chiamata di routine o argomento non valido.")};
-    {
+    do {
         const Raggi r = RaggiEllisse(raggio, aspetto);
         const QPointF centro(PuntoPixelX(x), PuntoPixelY(y));
         const double rx = r.X * bitmap_.width() / std::fabs(double(larghezza_));
         const double ry = r.Y * bitmap_.height() / std::fabs(double(altezza_));
+        if (EllisseFuori(x, y, rx, ry)) break;
         const double a = std::fabs(double(inizio));
         double b = std::fabs(double(fine));
         if (b <= a) b += DuePi; // counter-clockwise from start to end; equal is a full turn
@@ -851,17 +876,27 @@ void Superficie::Circle(float x, float y, float raggio, int32_t colore, float in
             if (inizio < 0) p.drawLine(centro, arco.first());
             if (fine < 0) p.drawLine(centro, arco.last());
         }
-    }
+    } while (false);
     CurrentX = x;
     CurrentY = y;
     if (!AutoRedraw) Avvisa();
 }
 
 void Superficie::Print(const QString& testo) {
-    const QString riga = SenzaFineRiga(testo);
+    QString riga = SenzaFineRiga(testo);
     const Caratteri& c = CaratteriCorrenti();
+    const int px = PuntoPixelX(CurrentX);
+    if (px >= bitmap_.width()) riga.clear();
+    // Of a long line only what can reach the bitmap is printed: the rest would
+    // cost time in proportion to its length and show nothing.
+    if (riga.size() > 256) {
+        double avanzo = px;
+        qsizetype fino = 0;
+        while (fino < riga.size() && avanzo <= bitmap_.width())
+            avanzo += c.Metriche->horizontalAdvance(riga[fino++]);
+        riga.truncate(std::min(riga.size(), fino + 4));
+    }
     if (!riga.isEmpty()) {
-        const int px = PuntoPixelX(CurrentX);
         const int base = PuntoPixelY(CurrentY) + static_cast<int>(std::round(c.Ascesa));
         const Scritta& scritta = ScrittaDi(riga);
         const Tela tela(StratoDiretto(), ColoreQt(ForeColor), false);
@@ -900,6 +935,8 @@ float Superficie::TextHeight(const QString& testo) const {
 QImage Superficie::LoadPicture(const QString& percorso) {
     const QFileInfo info(percorso);
     if (!info.exists() || info.isDir()) throw ErroreFileAssente(percorso);
+    // A pipe or a device would block the replay for good: only plain files are read.
+    if (!info.isFile()) throw ErroreZanto{481, QStringLiteral("Immagine non valida: ") + percorso};
     // A drawing often shows the same picture many times: the last ones read are
     // kept while their file stays the same, so a replay decodes each only once.
     struct Letta {
@@ -941,6 +978,9 @@ void Superficie::PaintPicture(const QImage& immagine, float x, float y, float la
     const int x2 = PuntoPixelX(double(x) + larghezza);
     const int y2 = PuntoPixelY(double(y) + altezza);
     if (x1 == x2 || y1 == y2) return;
+    if (std::max(x1, x2) < 0 || std::max(y1, y2) < 0 || std::min(x1, x2) > bitmap_.width() ||
+        std::min(y1, y2) > bitmap_.height())
+        return;
     // A negative size turns the picture over on that axis.
     const QImage voltata = immagine.mirrored(x2 < x1, y2 < y1);
     {

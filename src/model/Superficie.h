@@ -166,6 +166,8 @@ private:
     const Scritta& ScrittaDi(const QString& riga) const;
     QFont FontCorrente() const;
     void Avvisa();
+    // Can an ellipse round (x, y) with these radii in pixels touch the bitmap?
+    bool EllisseFuori(float x, float y, double rx, double ry) const;
     // The layer being drawn on, for writing its pixels directly.
     QImage& StratoDiretto();
     // One painter stays open on the layer being drawn on from one operation to

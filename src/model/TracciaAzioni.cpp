@@ -113,7 +113,7 @@ void TracciaAzione(Superficie& s, const RecordAzione& a) {
         break;
     case TipiAzione::Immagine:
         s.PaintPicture(Figura(a.NomeFileImmagine), float(a.XInizio), float(a.YInizio),
-                       float(a.XFine - a.XInizio), float(a.YFine - a.YInizio));
+                       float(double(a.XFine) - a.XInizio), float(double(a.YFine) - a.YInizio));
         break;
     default:
         break; // other codes draw nothing

@@ -13,6 +13,9 @@
 #include <QtTest>
 
 #include <cmath>
+#include <limits>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -182,6 +185,11 @@ private slots:
     void traccia_lascia_la_conservazione_spenta_e_lo_schermo_aggiornato();
     void indice_oltre_la_lista_e_errore_9();
     void lista_propria_di_un_pannello();
+    void ellissi_e_archi_lontanissimi_non_disegnano_nulla_data();
+    void ellissi_e_archi_lontanissimi_non_disegnano_nulla();
+    void immagine_con_coordinate_estreme_non_trabocca();
+    void riga_lunghissima_disegna_quello_che_entra_nel_quadro();
+    void immagine_che_nomina_una_pipe_non_blocca_la_traccia();
 };
 
 void TestTracciaAzioni::linea_ha_il_colore_e_lo_spessore_del_record() {
@@ -569,3 +577,89 @@ void TestTracciaAzioni::lista_propria_di_un_pannello() {
 
 QTEST_MAIN(TestTracciaAzioni)
 #include "test_traccia_azioni.moc"
+
+void TestTracciaAzioni::ellissi_e_archi_lontanissimi_non_disegnano_nulla_data() {
+    QTest::addColumn<float>("x");
+    QTest::addColumn<float>("y");
+    QTest::addColumn<float>("raggio");
+    const float inf = std::numeric_limits<float>::infinity();
+    QTest::newRow("1e30") << 1e30f << 5000.0f << 2000.0f;
+    QTest::newRow("-1e30") << -1e30f << -1e30f << 2000.0f;
+    QTest::newRow("+inf") << inf << 5000.0f << 2000.0f;
+    QTest::newRow("6.4e10") << 6.4e10f << 6.4e10f << 2000.0f;
+    QTest::newRow("raggio 1e30") << 7000.0f << 5000.0f << 1e30f;
+    QTest::newRow("nan") << std::nanf("") << 5000.0f << 2000.0f;
+}
+
+void TestTracciaAzioni::ellissi_e_archi_lontanissimi_non_disegnano_nulla() {
+    QFETCH(float, x);
+    QFETCH(float, y);
+    QFETCH(float, raggio);
+    Quadro q;
+    RecordAzione piena = Ellisse(x, y, raggio, raggio, FlagPieno);
+    RecordAzione spessa = Ellisse(x, y, raggio, raggio / 2, FlagVuoto);
+    spessa.SpessLinea = 5;
+    RecordAzione arco = Arco(x, y, raggio, raggio, 0.5f, 2.0f);
+    q.Traccia({piena, spessa, arco});
+    QCOMPARE(ContaColore(q.S.Immagine(), Sfondo), q.S.LarghezzaPixel() * q.S.AltezzaPixel());
+}
+
+void TestTracciaAzioni::immagine_con_coordinate_estreme_non_trabocca() {
+    AmbienteProva amb;
+    QImage figura(2, 2, QImage::Format_RGB32);
+    figura.fill(qRgb(255, 0, 0));
+    const QString percorso = PercorsoFile() + QStringLiteral("/estrema.png");
+    QVERIFY(figura.save(percorso));
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Immagine;
+    a.XInizio = std::numeric_limits<int32_t>::max();
+    a.YInizio = 1500;
+    a.XFine = std::numeric_limits<int32_t>::min();
+    a.YFine = 4500;
+    a.NomeFileImmagine = percorso;
+    RecordAzione lontana = a;
+    lontana.XInizio = std::numeric_limits<int32_t>::min();
+    lontana.XFine = std::numeric_limits<int32_t>::min() + 3000;
+    Quadro q;
+    q.Traccia({lontana, Linea(0, 750, 9000, 750, Blu)});
+    // Wholly off the canvas: nothing but the line after it.
+    QCOMPARE(ContaColore(q.S.Immagine(), Rosso), 0);
+    QVERIFY(ContaColore(q.S.Immagine(), Blu) > 0);
+    // Across the whole canvas, turned over: every row it spans is red.
+    q.Traccia({a});
+    QCOMPARE(q.Bitmap(7000, 3000), Rosso);
+    QCOMPARE(q.Bitmap(7000, 6000), Sfondo);
+    QVERIFY(amb.Scatole.isEmpty());
+}
+
+void TestTracciaAzioni::riga_lunghissima_disegna_quello_che_entra_nel_quadro() {
+    QString lunga;
+    lunga.reserve(1 << 20);
+    while (lunga.size() < (1 << 20))
+        lunga += QStringLiteral("Casa sul prato, sole e albero. ");
+    Quadro intera;
+    intera.Traccia({Testo(lunga, 0)});
+    Quadro breve;
+    breve.Traccia({Testo(lunga.left(300), 0)});
+    // The same pixels: nothing of what follows could reach the canvas.
+    QVERIFY(ContaColore(intera.S.Immagine(), Blu) > 0);
+    QCOMPARE(intera.S.Immagine(), breve.S.Immagine());
+    QCOMPARE(intera.S.CurrentY, breve.S.CurrentY);
+}
+
+void TestTracciaAzioni::immagine_che_nomina_una_pipe_non_blocca_la_traccia() {
+    AmbienteProva amb;
+    const QString percorso = PercorsoFile() + QStringLiteral("/tubo.jpg");
+    QCOMPARE(::mkfifo(QFile::encodeName(percorso).constData(), 0600), 0);
+    RecordAzione a;
+    a.TipoAzione = TipiAzione::Immagine;
+    a.XInizio = 1500;
+    a.YInizio = 1500;
+    a.XFine = 4500;
+    a.YFine = 4500;
+    a.NomeFileImmagine = percorso;
+    Quadro q;
+    q.Traccia({a});
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("481/3210")));
+}
