@@ -5,6 +5,7 @@
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/ComandiDisegno.h"
+#include "drawing/GuidaDisegno.h"
 #include "drawing/VistaSuperficie.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
@@ -49,27 +50,9 @@ class ProvaGuastiAmbiente : public QObject {
     AmbienteDisegno* a = nullptr;
     bool mancato = false; // a script waited for a ring that never came
 
-    AmbienteDisegno* Apri(int16_t modo) {
-        ModalitàFunzionamento = modo;
-        CodiceCartellaAttiva = 1;
-        NomeCartellaAttiva = QStringLiteral("·Disegni Generale");
-        a = CaricaAmbienteDisegno();
-        QCoreApplication::processEvents();
-        return a;
-    }
-
-    // Mode 4: the arrows walk the ring to the button, Enter fires it.
-    void Premi(int16_t indice) {
-        const int passi = (indice - a->Motore.TastoCorrente + 33) % 33;
-        for (int i = 0; i < passi; ++i)
-            QVERIFY(PremiTasto(Qt::Key_Right));
-        QCOMPARE(a->Motore.TastoCorrente, indice);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-    }
-    void Frecce(Qt::Key tasto, int volte) {
-        for (int i = 0; i < volte; ++i)
-            QVERIFY(PremiTasto(tasto));
-    }
+    AmbienteDisegno* Apri(int16_t modo) { return a = GuidaDisegno::Apri(modo); }
+    void Premi(int16_t indice) { GuidaDisegno::Premi(a, indice); }
+    static void Frecce(Qt::Key tasto, int volte) { GuidaDisegno::Frecce(tasto, volte); }
     uint32_t Pixel(int x, int y) const { return a->Quadro.Immagine().pixel(x, y) & 0xFFFFFFu; }
     // Black pixels on the row of the default rectangle's top edge, inside its corners.
     int NeriSulBordoAlto() const {
@@ -173,11 +156,7 @@ private slots:
 
     void fissa_con_elemento_e_oggetto_aperti_registra_entrambi() {
         Apri(4);
-        Premi(101);
-        Premi(117);
-        Premi(120);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        Premi(117);
+        GuidaDisegno::LineaSelezionata(a);
         QCOMPARE(OggettoAttivo, int16_t(1));
         Premi(118); // the object is dropped but stays in hand for 125
         QCOMPARE(OggettoAttivo, int16_t(0));
@@ -200,11 +179,7 @@ private slots:
 
     void una_nuova_apertura_non_ricorda_la_selezione() {
         Apri(4);
-        Premi(101);
-        Premi(117);
-        Premi(120);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        Premi(117);
+        GuidaDisegno::LineaSelezionata(a);
         QCOMPARE(NumeroElementiSelezionati, int16_t(1));
         ChiudiAmbienteDisegno();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -431,11 +406,7 @@ private slots:
         Apri(4);
         // Move the drawing screen away from the corner: the panel follows it.
         a->move(a->pos() + QPoint(37, 21));
-        Premi(101);
-        Premi(117);
-        Premi(120);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        Premi(117);
+        GuidaDisegno::LineaSelezionata(a);
         QPoint posto;
         // 123 opens the panel; the script reads its place and closes it on "Chiudi".
         Copione chiudi(*orologio);

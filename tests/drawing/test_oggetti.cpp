@@ -4,6 +4,7 @@
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -28,27 +29,9 @@ class ProvaOggetti : public QObject {
     std::unique_ptr<OrologioVirtuale> orologio;
     AmbienteDisegno* a = nullptr;
 
-    AmbienteDisegno* Apri(int16_t modo) {
-        ModalitàFunzionamento = modo;
-        CodiceCartellaAttiva = 1;
-        NomeCartellaAttiva = QStringLiteral("·Disegni Generale");
-        a = CaricaAmbienteDisegno();
-        QCoreApplication::processEvents();
-        return a;
-    }
-
-    // Mode 4: the arrows walk the ring to the button, Enter fires it.
-    void Premi(int16_t indice) {
-        int passi = (indice - a->Motore.TastoCorrente + 33) % 33;
-        for (int i = 0; i < passi; ++i)
-            QVERIFY(PremiTasto(Qt::Key_Right));
-        QCOMPARE(a->Motore.TastoCorrente, indice);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-    }
-    void Frecce(Qt::Key tasto, int volte) {
-        for (int i = 0; i < volte; ++i)
-            QVERIFY(PremiTasto(tasto));
-    }
+    AmbienteDisegno* Apri(int16_t modo) { return a = GuidaDisegno::Apri(modo); }
+    void Premi(int16_t indice) { GuidaDisegno::Premi(a, indice); }
+    static void Frecce(Qt::Key tasto, int volte) { GuidaDisegno::Frecce(tasto, volte); }
     // The colour of the stored picture at a point in twips.
     uint32_t Pixel(int x, int y) const {
         return a->Quadro.Immagine().pixel(x / 15, y / 15) & 0xFFFFFFu;
