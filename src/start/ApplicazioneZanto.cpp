@@ -1,0 +1,17 @@
+#include "start/ApplicazioneZanto.h"
+
+#include "start/GestioneErrori.h"
+
+ApplicazioneZanto::ApplicazioneZanto(int& argc, char** argv) : QApplication(argc, argv) {}
+
+bool ApplicazioneZanto::notify(QObject* destinatario, QEvent* evento) {
+    bool esito = false;
+    try {
+        EseguiProtetto([&] { esito = QApplication::notify(destinatario, evento); });
+    } catch (const FineProgramma& fine) {
+        // An end asked for inside a nested loop cannot unwind through Qt: leave
+        // through the loop instead.
+        exit(fine.Codice);
+    }
+    return esito;
+}
