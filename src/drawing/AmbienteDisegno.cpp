@@ -200,7 +200,7 @@ void AmbienteDisegno::AttivaAmbienteDisegno() {
              Quadro.ImpostaBackColor(ColoreSfondo);
              for (int16_t i = 101; i <= 133; ++i) {
                  Corone.value(i)->hide();
-                 ImpostaColoreCorona(i, 0x00FF00);
+                 ImpostaColoreCorona(i, ColoriCorona::Verde);
              }
              TastoMarcato = 0;
              Motore.TastoCorrente = ModalitàFunzionamento == 4 ? 119 : 101;
@@ -329,7 +329,8 @@ void AmbienteDisegno::DopoErrore() {
     // again: the edit command ends, as the end of its walk would end it.
     const int16_t modo = ModalitàFunzionamento;
     if ((modo == 1 || modo == 2) && ComandoModifica > 0 && attesaMovimento_ == nullptr) {
-        if (ComandoModifica != PrimitivaAttiva) ImpostaColoreCorona(ComandoModifica, 0x00FF00);
+        if (ComandoModifica != PrimitivaAttiva)
+            ImpostaColoreCorona(ComandoModifica, ColoriCorona::Verde);
         ComandoModifica = 0;
         MovimentoAttivo = 0;
     }
@@ -344,7 +345,7 @@ void AmbienteDisegno::ApriSceltaDirezione() {
     ApriQuadroSceltaDirezione();
     if (modo == 3) return;
     CicloMovimento();
-    ImpostaColoreCorona(ComandoModifica, 0x00FF00);
+    ImpostaColoreCorona(ComandoModifica, ColoriCorona::Verde);
     ComandoModifica = 0;
     Motore.AvviaScansione();
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "drawing/ComandiFile.h"
+#include "drawing/ComandiOggetti.h"
+#include "drawing/ComandiPrimitive.h"
+
 #include <cstdint>
 
 class AmbienteDisegno;
@@ -8,29 +12,20 @@ class AmbienteDisegno;
 int16_t MarcaComando(int16_t indice);
 
 // The click routine of the 33 buttons of the drawing screen: a chain of tests
-// on the button and the three state variables, the red button first.
+// on the button and the three state variables, the red button first. It only
+// tests and routes; each family of commands is a unit of its own.
 class ComandiDisegno {
 public:
-    explicit ComandiDisegno(AmbienteDisegno& ambiente) : a_(ambiente) {}
+    explicit ComandiDisegno(AmbienteDisegno& ambiente)
+        : a_(ambiente), primitive_(ambiente), oggetti_(ambiente), file_(ambiente) {}
 
     void TastoDisegno_Click(int16_t indice);
 
 private:
     void Comando(int16_t indice);
-    void FineComandoModifica();
-    void ApriPrimitiva(int16_t indice);
-    void ComandoDiModifica(int16_t indice);
-    void ColoraZona();
-    void SceltaFormePieneVuote();
-    void Fissa();
-    void Annulla();
-    void DuplicaUltima();
-    void SelezionaOggetto();
-    void Ribalta();
-    void DisegnaUltimoOggetto();
-    void CopiaOSposta_Click();
-    void EliminaOggetto();
-    void ChiudiAmbiente();
 
     AmbienteDisegno& a_;
+    ComandiPrimitive primitive_;
+    ComandiOggetti oggetti_;
+    ComandiFile file_;
 };

@@ -5,6 +5,7 @@
 #include "start/GestioneErrori.h"
 #include "start/Misure.h"
 
+#include <QChildEvent>
 #include <QKeyEvent>
 
 namespace {
@@ -41,7 +42,25 @@ FormScansione* FormScansione::InPrimoPiano() {
     return nullptr;
 }
 
-void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margine) {
+QMap<int16_t, TastoZanto*>& FormScansione::TastiDi(int insieme) {
+    return insieme == 0 ? Tasti : tastiAltri_[insieme];
+}
+
+QMap<int16_t, QLabel*>& FormScansione::CoroneDi(int insieme) {
+    return insieme == 0 ? Corone : coroneAltre_[insieme];
+}
+
+void FormScansione::AttivaInsieme(int insieme) {
+    if (insieme == Motore.InsiemeAttivo()) return;
+    for (QLabel* corona : std::as_const(CoroneAttive()))
+        corona->hide();
+    for (TastoZanto* tasto : std::as_const(TastiAttivi()))
+        tasto->Predefinito = false;
+    Motore.AttivaInsieme(insieme);
+    AggiornaCorone();
+}
+
+void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margine, int insieme) {
     for (const DefinizioneTasto& d : tabella) {
         // The ring is made first so that it lies behind its button.
         auto* corona = new QLabel(this);
@@ -49,26 +68,29 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
                                             d.Larghezza + 2 * margine, d.Altezza + 2 * margine));
         corona->setAutoFillBackground(true);
         corona->hide();
-        Corone.insert(d.Indice, corona);
+        CoroneDi(insieme).insert(d.Indice, corona);
         auto* tasto = new TastoZanto(d.Indice, this);
         tasto->setGeometry(RettangoloTwips(d.Sinistra, d.Alto, d.Larghezza, d.Altezza));
         tasto->ImpostaTesto(d.Didascalia, d.Suggerimento);
         tasto->installEventFilter(this);
         const int16_t indice = d.Indice;
-        connect(tasto, &QPushButton::clicked, this, [this, indice] {
+        connect(tasto, &QPushButton::clicked, this, [this, indice, insieme] {
             // A click is a choice: the ring stops as it does for the choice key.
-            Protetto([this, indice] {
+            Protetto([this, indice, insieme] {
                 Motore.FermaScansione();
+                AttivaInsieme(insieme);
                 ClickTasto(indice);
             });
         });
-        Tasti.insert(d.Indice, tasto);
-        ImpostaColoreCorona(d.Indice, 0x00FF00);
+        TastiDi(insieme).insert(d.Indice, tasto);
+        QPalette p = corona->palette();
+        p.setColor(QPalette::Window, ColoreRGB(ColoriCorona::Verde));
+        corona->setPalette(p);
     }
 }
 
 void FormScansione::ImpostaColoreCorona(int16_t indice, uint32_t rgb) {
-    QLabel* corona = Corone.value(indice);
+    QLabel* corona = CoroneAttive().value(indice);
     if (corona == nullptr) return;
     QPalette p = corona->palette();
     p.setColor(QPalette::Window, ColoreRGB(rgb));
@@ -76,27 +98,30 @@ void FormScansione::ImpostaColoreCorona(int16_t indice, uint32_t rgb) {
 }
 
 void FormScansione::ImpostaPredefinito(int16_t indice) {
-    for (TastoZanto* tasto : std::as_const(Tasti))
+    for (TastoZanto* tasto : std::as_const(TastiAttivi()))
         tasto->Predefinito = tasto->Indice() == indice;
 }
 
 void FormScansione::AggiornaCorone() {
     const int16_t corrente = Motore.TastoCorrente;
-    for (auto it = Tasti.cbegin(); it != Tasti.cend(); ++it) {
+    const QMap<int16_t, TastoZanto*>& tasti = TastiAttivi();
+    const QMap<int16_t, QLabel*>& corone = CoroneAttive();
+    for (auto it = tasti.cbegin(); it != tasti.cend(); ++it) {
         if (it.key() == TastoMarcato) continue;
-        Corone.value(it.key())->hide();
+        corone.value(it.key())->hide();
         it.value()->Predefinito = false;
     }
-    ImpostaColoreCorona(corrente, 0x00FF00);
+    ImpostaColoreCorona(corrente, ColoriCorona::Verde);
     if (TastoMarcato != 0)
-        ImpostaColoreCorona(TastoMarcato, corrente == TastoMarcato ? 0xFF00FF : 0x0000FF);
-    if (QLabel* corona = Corone.value(corrente)) corona->show();
+        ImpostaColoreCorona(TastoMarcato,
+                            corrente == TastoMarcato ? ColoriCorona::Magenta : ColoriCorona::Blu);
+    if (QLabel* corona = corone.value(corrente)) corona->show();
     const int16_t modo = ModalitàFunzionamento;
     if (modo == 4 || (modo == 3 && PredefinitoInModo3())) {
         ImpostaPredefinito(corrente);
     }
     if (InformaAmbiente && AvvisoComandoAmbiente)
-        if (TastoZanto* tasto = Tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
+        if (TastoZanto* tasto = tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
 }
 
 void FormScansione::RoutineTastoGiu(int codice, int modificatori) {
@@ -157,7 +182,7 @@ bool FormScansione::GestisciTasto(QKeyEvent* e) {
     if (e->isAutoRepeat() && !TastoRipetuto(codice)) return true;
     Protetto([this, codice, modificatori = MaschereModificatori(e)] {
         if (codice == CodiciTasto::Invio) {
-            for (TastoZanto* tasto : std::as_const(Tasti)) {
+            for (TastoZanto* tasto : std::as_const(TastiAttivi())) {
                 if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {
                     ClickTasto(tasto->Indice());
                     return;
@@ -176,23 +201,31 @@ bool FormScansione::eventFilter(QObject* oggetto, QEvent* evento) {
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
         return true;
+    case QEvent::ChildAdded:
+        // A control made after the form was shown must not take a key either.
+        Filtra(static_cast<QChildEvent*>(evento)->child());
+        return QDialog::eventFilter(oggetto, evento);
     default:
         return QDialog::eventFilter(oggetto, evento);
     }
 }
 
-void FormScansione::FiltraFigli(QObject* radice) {
-    for (QObject* figlio : radice->children()) {
-        if (figlio->isWidgetType()) figlio->installEventFilter(this);
-        FiltraFigli(figlio);
-    }
+void FormScansione::Filtra(QObject* radice) {
+    if (radice == nullptr || !radice->isWidgetType()) return;
+    radice->installEventFilter(this);
+    for (QObject* figlio : radice->children())
+        Filtra(figlio);
 }
 
 void FormScansione::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    FiltraFigli(this);
+    Filtra(this);
+    // The screens below hold their rings while this one stands above them.
+    for (FormScansione* sotto : std::as_const(FormAperti()))
+        if (sotto != this) sotto->Motore.Sospendi();
     FormAperti().removeAll(this);
     FormAperti().append(this);
+    Motore.RiprendiDopoPannello();
     activateWindow();
     // Offscreen and without a window manager no activation may ever come; and a
     // ring that starts later than its form shows would lose part of a dwell.
@@ -201,6 +234,7 @@ void FormScansione::showEvent(QShowEvent* evento) {
 
 void FormScansione::hideEvent(QHideEvent* evento) {
     FormAperti().removeAll(this);
+    if (FormScansione* sotto = InPrimoPiano()) sotto->Motore.RiprendiDopoPannello();
     QDialog::hideEvent(evento);
 }
 

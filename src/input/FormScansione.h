@@ -9,6 +9,16 @@
 
 #include <functional>
 
+// The colours of the rings: green where the ring stands, blue on the marked
+// button, magenta when the ring stands on the marked button, red on an edit
+// command at work.
+namespace ColoriCorona {
+constexpr uint32_t Verde = 0x00FF00;
+constexpr uint32_t Blu = 0x0000FF;
+constexpr uint32_t Magenta = 0xFF00FF;
+constexpr uint32_t Rosso = 0xFF0000;
+} // namespace ColoriCorona
+
 // What every scanning screen has in common: the engine, FocusFix, the key
 // filter, the buttons with their rings built from a table in twips, and the
 // first activation. Qt's own keyboard habits (Escape closes, Enter fires the
@@ -40,8 +50,17 @@ public:
     // The front scanning form: the one that gets the keys.
     static FormScansione* InPrimoPiano();
 
-    // Rings stand `margine` twips outside their buttons.
-    void CreaTasti(const QList<DefinizioneTasto>& tabella, int margine);
+    // Rings stand `margine` twips outside their buttons. A form with more than
+    // one set of keys makes each set with its number; set 0 is Tasti and Corone.
+    void CreaTasti(const QList<DefinizioneTasto>& tabella, int margine, int insieme = 0);
+    QMap<int16_t, TastoZanto*>& TastiDi(int insieme);
+    QMap<int16_t, QLabel*>& CoroneDi(int insieme);
+    // The buttons and rings of the live set.
+    QMap<int16_t, TastoZanto*>& TastiAttivi() { return TastiDi(Motore.InsiemeAttivo()); }
+    QMap<int16_t, QLabel*>& CoroneAttive() { return CoroneDi(Motore.InsiemeAttivo()); }
+    // Makes another set live: the old set's ring goes, and no key of it keeps
+    // the default flag.
+    void AttivaInsieme(int insieme);
     void ImpostaColoreCorona(int16_t indice, uint32_t rgb);
     // Like a form's default button, the flag stands on one button at most.
     void ImpostaPredefinito(int16_t indice);
@@ -90,5 +109,8 @@ protected:
 
 private:
     bool GestisciTasto(QKeyEvent* evento);
-    void FiltraFigli(QObject* radice);
+    void Filtra(QObject* radice);
+
+    QMap<int, QMap<int16_t, TastoZanto*>> tastiAltri_;
+    QMap<int, QMap<int16_t, QLabel*>> coroneAltre_;
 };

@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -61,12 +62,53 @@ MotoreScansione::MotoreScansione(int16_t primo, int16_t ultimo) : Primo(primo), 
         TastoCorrente = static_cast<int16_t>(TastoCorrente - 1);
         if (TastoCorrente < Primo) TastoCorrente = Ultimo;
     };
+    insiemi_.push_back({primo, ultimo, 0, 0});
     Motori().insert(this);
 }
 
 MotoreScansione::~MotoreScansione() {
     if (sveglia_ != 0) OrologioCorrente().Annulla(sveglia_);
     Motori().erase(this);
+}
+
+int MotoreScansione::AggiungiInsieme(int16_t primo, int16_t ultimo, int16_t colonne,
+                                     int16_t corrente) {
+    insiemi_.push_back({primo, ultimo, colonne, corrente});
+    return static_cast<int>(insiemi_.size()) - 1;
+}
+
+void MotoreScansione::AttivaInsieme(int insieme) {
+    if (insieme < 0 || insieme >= NumeroInsiemi() || insieme == attivo_) return;
+    insiemi_[attivo_] = {Primo, Ultimo, Colonne, TastoCorrente};
+    attivo_ = insieme;
+    const Insieme& nuovo = insiemi_[attivo_];
+    Primo = nuovo.Primo;
+    Ultimo = nuovo.Ultimo;
+    Colonne = nuovo.Colonne;
+    TastoCorrente = nuovo.TastoCorrente;
+}
+
+int16_t MotoreScansione::TastoCorrenteDi(int insieme) const {
+    if (insieme == attivo_) return TastoCorrente;
+    if (insieme < 0 || insieme >= NumeroInsiemi()) return 0;
+    return insiemi_[insieme].TastoCorrente;
+}
+
+void MotoreScansione::Sospendi() {
+    if (sospeso_) return;
+    sospeso_ = true;
+    if (sveglia_ != 0) {
+        OrologioCorrente().Annulla(sveglia_);
+        sveglia_ = 0;
+    }
+}
+
+void MotoreScansione::RiprendiDopoPannello() {
+    if (!sospeso_) return;
+    sospeso_ = false;
+    if (ScansioneAttiva != 1 || sveglia_ != 0) return;
+    if (AggiornaCorone) AggiornaCorone();
+    Attendi(TempoLatenzaScansione);
 }
 
 bool MotoreScansione::TastoDiScelta(int codice) {
@@ -91,7 +133,8 @@ void MotoreScansione::AvviaScansione() {
         sveglia_ = 0;
     }
     if (AggiornaCorone) AggiornaCorone();
-    Attendi(TempoLatenzaScansione);
+    // Under a panel the ring waits for the panel to go.
+    if (!sospeso_) Attendi(TempoLatenzaScansione);
 }
 
 void MotoreScansione::FermaScansione() {
@@ -184,6 +227,10 @@ MotoreScansione::Esito MotoreScansione::RoutineTasti(int codice, int modificator
         if (AggiornaCorone) AggiornaCorone();
         return Esito::Passo;
     }
+    if (modo == 4 && Colonne > 0 && PassoGriglia(codice)) {
+        if (AggiornaCorone) AggiornaCorone();
+        return Esito::Passo;
+    }
     if (modo == 4) {
         if (codice == CodiciTasto::Destra || codice == CodiciTasto::Giu) {
             Avanti();
@@ -197,6 +244,34 @@ MotoreScansione::Esito MotoreScansione::RoutineTasti(int codice, int modificator
         }
     }
     return Esito::Ignorato;
+}
+
+bool MotoreScansione::PassoGriglia(int codice) {
+    const int tutti = Ultimo - Primo + 1;
+    const int posto = TastoCorrente - Primo;
+    const int inizioRiga = posto - posto % Colonne;
+    const int fineRiga = std::min(inizioRiga + Colonne, tutti) - 1;
+    int nuovo = posto;
+    switch (codice) {
+    case CodiciTasto::Destra:
+        nuovo = posto == fineRiga ? inizioRiga : posto + 1;
+        break;
+    case CodiciTasto::Sinistra:
+        nuovo = posto == inizioRiga ? fineRiga : posto - 1;
+        break;
+    case CodiciTasto::Giu:
+        nuovo = posto + Colonne;
+        if (nuovo >= tutti) nuovo = nuovo - tutti;
+        break;
+    case CodiciTasto::Su:
+        nuovo = posto - Colonne;
+        if (nuovo < 0) nuovo = nuovo + tutti;
+        break;
+    default:
+        return false;
+    }
+    TastoCorrente = static_cast<int16_t>(Primo + nuovo);
+    return true;
 }
 
 bool MotoreScansione::TastoDiretto(int codice) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 class QKeyEvent;
 
@@ -49,6 +50,9 @@ public:
     int16_t TastoCorrente = 0;
     int16_t Primo;
     int16_t Ultimo;
+    // Buttons to a row when the live set is a grid: the arrows of mode 4 then
+    // keep left and right within the row and move up and down by whole rows.
+    int16_t Colonne = 0;
 
     std::function<void()> AggiornaCorone;
     std::function<void(int16_t)> Click;
@@ -73,14 +77,41 @@ public:
     bool TastoDiretto(int codice);
     void Inverti();
 
+    // A form may hold more than one set of keys (the letters and the function
+    // keys of a keyboard): one is live at a time; Primo, Ultimo, Colonne and
+    // TastoCorrente are always the live set's, and each set keeps its own ring.
+    int AggiungiInsieme(int16_t primo, int16_t ultimo, int16_t colonne, int16_t corrente);
+    void AttivaInsieme(int insieme);
+    int InsiemeAttivo() const { return attivo_; }
+    int NumeroInsiemi() const { return static_cast<int>(insiemi_.size()); }
+    int16_t TastoCorrenteDi(int insieme) const;
+
+    // A panel stands above the form: its ring holds still where it stands, and
+    // when the panel goes it starts again with a full dwell.
+    void Sospendi();
+    void RiprendiDopoPannello();
+    bool Sospeso() const { return sospeso_; }
+
     static bool TastoDiScelta(int codice);
     static bool TastoDiScansione(int codice);
     // A new TempoLatenzaScansione counts on the dwell in progress of every screen.
     static void LatenzaCambiata();
 
 private:
+    struct Insieme {
+        int16_t Primo;
+        int16_t Ultimo;
+        int16_t Colonne;
+        int16_t TastoCorrente;
+    };
+
     void Attendi(int64_t ms);
     void Scatto();
+    bool PassoGriglia(int codice);
+
+    std::vector<Insieme> insiemi_;
+    int attivo_ = 0;
+    bool sospeso_ = false;
 
     int sveglia_ = 0;
     int64_t inizioAttesa_ = 0;

@@ -96,7 +96,7 @@ void QuadroMessaggi::AttivaQuadroMessaggi() {
     if ((TastoPredefinitoQuadroMessaggi > 0 || TipoQuadroMessaggi == 1) && Tasti.contains(corrente))
         ImpostaPredefinito(corrente);
     if (Corone.contains(corrente)) {
-        ImpostaColoreCorona(corrente, 0x00FF00);
+        ImpostaColoreCorona(corrente, ColoriCorona::Verde);
         Corone.value(corrente)->show();
     }
     ImmiTestoMessaggio->setPlainText(
@@ -128,7 +128,7 @@ void QuadroMessaggi::AggiornaCorone() {
     }
     const int16_t corrente = Motore.TastoCorrente;
     if (!Corone.contains(corrente)) return;
-    ImpostaColoreCorona(corrente, 0x00FF00);
+    ImpostaColoreCorona(corrente, ColoriCorona::Verde);
     Corone.value(corrente)->show();
     if (ModalitàFunzionamento == 4) ImpostaPredefinito(corrente);
 }

@@ -1,35 +1,23 @@
 #include "model/Superficie.h"
 
+#include "model/Rasterizzatore.h"
+#include "model/SuperficieComune.h"
+
 #include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
 #include "start/Misure.h"
 #include "start/Numeri.h"
-#include "start/Utilita.h"
 
-#include <QBuffer>
-#include <QDateTime>
-#include <QFile>
-#include <QFileInfo>
-#include <QFontMetricsF>
-#include <QGlyphRun>
-#include <QImageReader>
-#include <QImageWriter>
 #include <QPainter>
 #include <QPolygonF>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
-#include <deque>
-#include <limits>
 #include <numbers>
-#include <span>
 #include <vector>
 
-namespace {
+using namespace Raster;
 
-// 96 dots per inch, so that font sizes in points come out as on the screen.
-constexpr int PuntiPerMetro = 3780;
+namespace {
 
 constexpr double DuePi = 2 * std::numbers::pi;
 
@@ -55,19 +43,6 @@ QImage NuovoStrato(int larghezza, int altezza, int32_t sfondo) {
     img.setDotsPerMeterY(PuntiPerMetro);
     img.fill(ColoreQt(sfondo));
     return img;
-}
-
-// A painter for one operation: never antialiased, whatever the platform's default.
-void PreparaPittore(QPainter& p) {
-    p.setRenderHint(QPainter::Antialiasing, false);
-    p.setRenderHint(QPainter::TextAntialiasing, false);
-    p.setRenderHint(QPainter::SmoothPixmapTransform, false);
-}
-
-QString SenzaFineRiga(QString testo) {
-    testo.remove(QChar(u'\r'));
-    testo.remove(QChar(u'\n'));
-    return testo;
 }
 
 } // namespace
@@ -196,95 +171,6 @@ bool Superficie::EllisseFuori(float x, float y, double rx, double ry) const {
            cy - ry - margine > bitmap_.height();
 }
 
-QFont Superficie::FontCorrente() const {
-    return CaratteriCorrenti().Font;
-}
-
-const Superficie::Caratteri& Superficie::CaratteriCorrenti() const {
-    const Caratteri* ultimi = ultimiCaratteri_;
-    if (ultimi && ultimi->Nome == FontName && ultimi->Dimensione == FontSize &&
-        ultimi->Grassetto == FontBold && ultimi->Corsivo == FontItalic)
-        return *ultimi;
-    // A replay goes back and forth between the fonts of its texts.
-    QString chiave = FontName;
-    chiave += QChar(u'\x1f') + QString::number(double(FontSize), 'g', 9) +
-              QChar(FontBold ? u'B' : u'-') + QChar(FontItalic ? u'I' : u'-');
-    auto trovati = caratteri_.find(chiave);
-    if (trovati == caratteri_.end()) {
-        if (caratteri_.size() >= 256) caratteri_.clear();
-        Caratteri c;
-        c.Nome = FontName;
-        c.Dimensione = FontSize;
-        c.Grassetto = FontBold;
-        c.Corsivo = FontItalic;
-        c.Font = QFont(FontName);
-        c.Font.setPointSizeF(FontSize > 0 ? FontSize : 1.0);
-        c.Font.setBold(FontBold);
-        c.Font.setItalic(FontItalic);
-        c.Font.setStyleStrategy(QFont::NoAntialias);
-        // The bitmap gives the metrics its 96 dots per inch; the painter is not
-        // needed for that and may stay open.
-        c.Metriche.emplace(c.Font, &bitmap_);
-        c.Chiave = chiave + QChar(u'\x1e');
-        c.Ascesa = c.Metriche->ascent();
-        c.AltezzaRiga = c.Metriche->height();
-        trovati = caratteri_.emplace(chiave, std::move(c)).first;
-    }
-    ultimiCaratteri_ = &trovati->second;
-    return trovati->second;
-}
-
-const Superficie::Scritta& Superficie::ScrittaDi(const QString& riga) const {
-    const Caratteri& c = CaratteriCorrenti();
-    const QString chiave = c.Chiave + riga;
-    auto trovata = scritte_.constFind(chiave);
-    if (trovata != scritte_.constEnd()) return *trovata;
-    // Bounded: a long session prints many different words.
-    if (scritte_.size() >= 4096) scritte_.clear();
-    QTextLayout impaginato(riga, c.Font, &bitmap_);
-    impaginato.beginLayout();
-    QTextLine linea = impaginato.createLine();
-    impaginato.endLayout();
-    Scritta scritta;
-    const QList<QGlyphRun> pezzi = linea.isValid() ? impaginato.glyphRuns() : QList<QGlyphRun>();
-    QRectF ingombro;
-    for (const QGlyphRun& pezzo : pezzi)
-        ingombro |= pezzo.boundingRect();
-    if (!pezzi.isEmpty() && ingombro.isValid()) {
-        // Printed once on a scratch layer with the baseline's start on a whole
-        // pixel, as Print puts it: glyphs moved by whole pixels keep their pixels.
-        const int margine = 4 + static_cast<int>(std::ceil(c.AltezzaRiga));
-        const int ox = margine - static_cast<int>(std::floor(ingombro.left()));
-        const int oy = margine - static_cast<int>(std::floor(ingombro.top() - linea.ascent()));
-        QImage prova(static_cast<int>(std::ceil(ingombro.width())) + 2 * margine + 2,
-                     static_cast<int>(std::ceil(ingombro.height())) + 2 * margine + 2,
-                     QImage::Format_RGB32);
-        prova.setDotsPerMeterX(PuntiPerMetro);
-        prova.setDotsPerMeterY(PuntiPerMetro);
-        prova.fill(Qt::black);
-        {
-            QPainter p(&prova);
-            PreparaPittore(p);
-            p.setPen(Qt::white);
-            for (const QGlyphRun& pezzo : pezzi)
-                p.drawGlyphRun(QPointF(ox, oy - linea.ascent()), pezzo);
-        }
-        const QRgb inchiostro = qRgb(255, 255, 255);
-        for (int y = 0; y < prova.height(); ++y) {
-            const QRgb* punti = reinterpret_cast<const QRgb*>(prova.constScanLine(y));
-            for (int x = 0; x < prova.width(); ++x) {
-                if (punti[x] != inchiostro) continue;
-                int fino = x + 1;
-                while (fino < prova.width() && punti[fino] == inchiostro)
-                    ++fino;
-                scritta.Pezzi.push_back({y - oy, x - ox, fino - ox});
-                x = fino;
-            }
-        }
-    }
-    return *scritte_.insert(chiave, std::move(scritta));
-}
-
 void Superficie::Avvisa() {
     if (AvvisoSchermo) AvvisoSchermo();
 }
@@ -340,210 +226,6 @@ QBrush PennelloDi(int16_t stile, int32_t colore) {
         return QBrush(ColoreQt(colore), Qt::DiagCrossPattern);
     default:
         return QBrush(Qt::NoBrush);
-    }
-}
-
-// Direct drawing on a layer's pixels, for the wide and dotted pens that Qt
-// strokes slowly. A pixel belongs to a shape when its sample point lies
-// inside, and a sample on the edge belongs to the pixel left of or above it,
-// as in Qt's aliased drawing. A pen samples at the pixel's centre; a fill
-// that the program has moved by half a pixel samples at its corner.
-class Tela {
-public:
-    Tela(QImage& strato, const QColor& colore, bool penna)
-        : pixel_(reinterpret_cast<QRgb*>(strato.bits())), passo_(strato.bytesPerLine() / 4),
-          larghezza_(strato.width()), altezza_(strato.height()), colore_(colore.rgb()),
-          centro_(penna ? 0.5 : 0.0) {}
-
-    // Where row y samples the shape.
-    double Campione(int y) const { return y + centro_; }
-
-    // The pixels of row y whose samples lie in (xa, xb].
-    void Tratto(int y, double xa, double xb) const {
-        if (y < 0 || y >= altezza_ || !(xa < xb)) return;
-        const auto [da, fino] = Pixel(xa, xb, larghezza_);
-        if (da >= fino) return;
-        QRgb* riga = pixel_ + qsizetype(y) * passo_;
-        std::fill(riga + da, riga + fino, colore_);
-    }
-
-    // The rows whose samples lie in (ya, yb], within the layer.
-    std::pair<int, int> Righe(double ya, double yb) const { return Pixel(ya, yb, altezza_); }
-
-private:
-    // The pixels from `da` up to `fino` left out whose samples lie in (a, b].
-    std::pair<int, int> Pixel(double a, double b, int limite) const {
-        if (std::isnan(a) || std::isnan(b)) return {0, 0};
-        // Clamped first: far outside values must not overflow an int.
-        const double da = std::floor(std::clamp(a - centro_, -2.0, limite + 1.0)) + 1;
-        const double fino = std::floor(std::clamp(b - centro_, -2.0, limite + 1.0)) + 1;
-        return {std::max(static_cast<int>(da), 0), std::min(static_cast<int>(fino), limite)};
-    }
-
-    QRgb* pixel_;
-    qsizetype passo_;
-    int larghezza_;
-    int altezza_;
-    QRgb colore_;
-    double centro_;
-};
-
-// The span of a row that a convex shape covers, grown piece by piece.
-struct Campata {
-    double A = std::numeric_limits<double>::infinity();
-    double B = -std::numeric_limits<double>::infinity();
-    void Unisci(double a, double b) {
-        if (!(a < b)) return;
-        A = std::min(A, a);
-        B = std::max(B, b);
-    }
-};
-
-// The part of row y inside the disc of radius r round c.
-void UnisciDisco(Campata& campata, double y, QPointF c, double r) {
-    const double dy = y - c.y();
-    if (dy <= -r || dy > r) return;
-    const double dx = std::sqrt(std::max(0.0, r * r - dy * dy));
-    campata.Unisci(c.x() - dx, c.x() + dx);
-}
-
-// The segment from a to b drawn `r` to each side: a band with flat ends, or
-// with round ones, as a wide pen draws it.
-void Segmento(const Tela& tela, QPointF a, QPointF b, double r, bool tondo) {
-    const double dx = b.x() - a.x();
-    const double dy = b.y() - a.y();
-    const double lunghezza = std::hypot(dx, dy);
-    if (!std::isfinite(lunghezza)) return;
-    const auto [da, fino] = tela.Righe(std::min(a.y(), b.y()) - r, std::max(a.y(), b.y()) + r + 1);
-    const double ux = lunghezza > 0 ? dx / lunghezza : 1;
-    const double uy = lunghezza > 0 ? dy / lunghezza : 0;
-    constexpr double Quasi = 1e-12;
-    for (int riga = da; riga < fino; ++riga) {
-        const double y = tela.Campione(riga);
-        Campata campata;
-        const double oy = y - a.y();
-        if (lunghezza > 0) {
-            if (std::fabs(uy) < Quasi) {
-                if (oy > -r && oy <= r)
-                    campata.Unisci(std::min(a.x(), b.x()), std::max(a.x(), b.x()));
-            } else if (std::fabs(ux) < Quasi) {
-                if (y > std::min(a.y(), b.y()) && y <= std::max(a.y(), b.y()))
-                    campata.Unisci(a.x() - r, a.x() + r);
-            } else {
-                // Along the segment 0..lunghezza, across it -r..r.
-                double s0 = a.x() - oy * uy / ux;
-                double s1 = a.x() + (lunghezza - oy * uy) / ux;
-                double t0 = a.x() + (oy * ux - r) / uy;
-                double t1 = a.x() + (oy * ux + r) / uy;
-                if (s0 > s1) std::swap(s0, s1);
-                if (t0 > t1) std::swap(t0, t1);
-                campata.Unisci(std::max(s0, t0), std::min(s1, t1));
-            }
-        }
-        if (tondo) {
-            UnisciDisco(campata, y, a, r);
-            UnisciDisco(campata, y, b, r);
-        }
-        tela.Tratto(riga, campata.A, campata.B);
-    }
-}
-
-// Closed polygons filled by the odd-even rule, one row at a time.
-void RiempiPoligoni(const Tela& tela, std::initializer_list<std::span<const QPointF>> contorni) {
-    struct Lato {
-        double Y0;
-        double Y1;
-        double X0;
-        double Pendenza;
-    };
-    // Kept from one call to the next: a replay fills thousands of shapes.
-    static thread_local std::vector<Lato> lati;
-    static thread_local std::vector<int> attivi;
-    static thread_local std::vector<double> incroci;
-    lati.clear();
-    double alto = std::numeric_limits<double>::infinity();
-    double basso = -alto;
-    for (const std::span<const QPointF> punti : contorni) {
-        const size_t n = punti.size();
-        for (size_t i = 0; i < n; ++i) {
-            QPointF p = punti[i];
-            QPointF q = punti[(i + 1) % n];
-            if (p.y() == q.y() || !std::isfinite(p.y()) || !std::isfinite(q.y())) continue;
-            if (p.y() > q.y()) std::swap(p, q);
-            lati.push_back({p.y(), q.y(), p.x(), (q.x() - p.x()) / (q.y() - p.y())});
-            alto = std::min(alto, p.y());
-            basso = std::max(basso, q.y());
-        }
-    }
-    if (lati.empty()) return;
-    std::sort(lati.begin(), lati.end(), [](const Lato& l, const Lato& m) { return l.Y0 < m.Y0; });
-    attivi.clear();
-    const auto [da, fino] = tela.Righe(alto, basso);
-    size_t prossimo = 0;
-    for (int riga = da; riga < fino; ++riga) {
-        const double y = tela.Campione(riga);
-        // A side covers the samples below its top down to its bottom included.
-        for (; prossimo < lati.size() && lati[prossimo].Y0 < y; ++prossimo)
-            if (lati[prossimo].Y1 >= y) attivi.push_back(int(prossimo));
-        std::erase_if(attivi, [&](int i) { return lati[size_t(i)].Y1 < y; });
-        incroci.clear();
-        for (const int i : attivi) {
-            const Lato& l = lati[size_t(i)];
-            incroci.push_back(l.X0 + (y - l.Y0) * l.Pendenza);
-        }
-        std::sort(incroci.begin(), incroci.end());
-        for (size_t k = 0; k + 1 < incroci.size(); k += 2)
-            tela.Tratto(riga, incroci[k], incroci[k + 1]);
-    }
-}
-
-// Qt's dash patterns in pen widths, dash first.
-std::span<const double> Trattini(int16_t stile) {
-    static constexpr double Tratto[] = {4, 2};
-    static constexpr double Punto[] = {1, 2};
-    static constexpr double TrattoPunto[] = {4, 2, 1, 2};
-    static constexpr double TrattoPuntoPunto[] = {4, 2, 1, 2, 1, 2};
-    switch (stile) {
-    case 1:
-        return Tratto;
-    case 2:
-        return Punto;
-    case 3:
-        return TrattoPunto;
-    default:
-        return TrattoPuntoPunto;
-    }
-}
-
-// A wide broken pen along a path: the pattern runs on from one side to the
-// next, and each dash is a short solid band, square for dots and round ended
-// for the rest, as Qt's caps for those styles are.
-void Tratteggia(const Tela& tela, std::span<const QPointF> punti, bool chiusa, int larghezza,
-                int16_t stile) {
-    const std::span<const double> trattini = Trattini(stile);
-    const double r = larghezza / 2.0;
-    const bool tondo = stile != 2;
-    size_t fase = 0;
-    double resta = trattini[0] * larghezza;
-    const size_t lati = chiusa ? punti.size() : punti.size() - 1;
-    for (size_t i = 0; i < lati && punti.size() > 1; ++i) {
-        const QPointF a = punti[i];
-        const QPointF b = punti[(i + 1) % punti.size()];
-        const double lunghezza = std::hypot(b.x() - a.x(), b.y() - a.y());
-        if (!std::isfinite(lunghezza) || lunghezza <= 0) continue;
-        const QPointF verso = (b - a) / lunghezza;
-        double fatto = 0;
-        while (fatto < lunghezza) {
-            const double passo = std::min(resta, lunghezza - fatto);
-            if (fase % 2 == 0)
-                Segmento(tela, a + verso * fatto, a + verso * (fatto + passo), r, tondo);
-            fatto += passo;
-            resta -= passo;
-            if (resta <= 1e-9) {
-                fase = (fase + 1) % trattini.size();
-                resta = trattini[fase] * larghezza;
-            }
-        }
     }
 }
 
@@ -632,100 +314,6 @@ void Superficie::Box(float x1, float y1, float x2, float y2, int32_t colore) {
     CurrentY = y2;
     if (!AutoRedraw) Avvisa();
 }
-
-namespace {
-
-struct Raggi {
-    double X;
-    double Y;
-};
-
-// The surface's rule: the radius is the longer axis, the aspect is vertical over
-// horizontal.
-Raggi RaggiEllisse(double raggio, double aspetto) {
-    raggio = std::fabs(raggio);
-    aspetto = std::fabs(aspetto);
-    if (aspetto <= 1.0) return {raggio, raggio * aspetto};
-    return {raggio / aspetto, raggio};
-}
-
-// Points on the ellipse from `a` to `b` by the angle's parameter, so that the
-// ends are exactly where the selection and the bounding box look for them.
-// Chords of about six pixels stray from the curve by far less than a pixel.
-QPolygonF PuntiEllisse(QPointF centro, double rx, double ry, double a, double b) {
-    const double giro = std::max(rx, ry) * (b - a);
-    const int passi = std::clamp(static_cast<int>(std::ceil(giro / 6.0)), 8, 2048);
-    // Each point is the previous one turned by one step: two products instead
-    // of a sine and a cosine.
-    const double passo = (b - a) / passi;
-    const double cosPasso = std::cos(passo);
-    const double sinPasso = std::sin(passo);
-    double c = std::cos(a);
-    double s = std::sin(a);
-    QPolygonF punti(passi + 1);
-    for (int i = 0; i < passi; ++i) {
-        punti[i] = QPointF(centro.x() + rx * c, centro.y() - ry * s);
-        const double c1 = c * cosPasso - s * sinPasso;
-        s = s * cosPasso + c * sinPasso;
-        c = c1;
-    }
-    // The last point exactly at the end angle.
-    punti[passi] = QPointF(centro.x() + rx * std::cos(b), centro.y() - ry * std::sin(b));
-    return punti;
-}
-
-// Half the width of an ellipse of radii rx, ry at height dy from its centre;
-// negative outside it.
-double MezzaCorda(double rx, double ry, double dy) {
-    if (rx <= 0 || ry <= 0 || dy <= -ry || dy > ry) return -1;
-    const double t = dy / ry;
-    return rx * std::sqrt(std::max(0.0, 1 - t * t));
-}
-
-// A whole ellipse, or the ring between it grown and shrunk by `meta`, one row
-// at a time from its equation: no outline to build and sort for a shape that
-// replays draw by the thousand.
-void Ellisse(const Tela& tela, QPointF centro, double rx, double ry, double meta) {
-    const double ex = rx + meta;
-    const double ey = ry + meta;
-    const auto [da, fino] = tela.Righe(centro.y() - ey, centro.y() + ey);
-    for (int riga = da; riga < fino; ++riga) {
-        const double dy = tela.Campione(riga) - centro.y();
-        const double fuori = MezzaCorda(ex, ey, dy);
-        if (fuori < 0) continue;
-        const double dentro = meta > 0 ? MezzaCorda(rx - meta, ry - meta, dy) : -1;
-        if (dentro < 0) {
-            tela.Tratto(riga, centro.x() - fuori, centro.x() + fuori);
-        } else {
-            tela.Tratto(riga, centro.x() - fuori, centro.x() - dentro);
-            tela.Tratto(riga, centro.x() + dentro, centro.x() + fuori);
-        }
-    }
-}
-
-// A solid pen wider than a pixel draws a curve as the band between two curves
-// half a width inside and outside it: the look of a stroke, for a fraction of
-// the cost, which a replay of thousands of curves needs.
-void Fascia(const Tela& tela, QPointF centro, double rx, double ry, double a, double b,
-            int larghezza, bool chiusa) {
-    const double meta = larghezza / 2.0;
-    if (chiusa) {
-        Ellisse(tela, centro, rx, ry, meta);
-        return;
-    }
-    const QPolygonF esterno = PuntiEllisse(centro, rx + meta, ry + meta, a, b);
-    QPolygonF interno =
-        PuntiEllisse(centro, std::max(0.0, rx - meta), std::max(0.0, ry - meta), a, b);
-    std::reverse(interno.begin(), interno.end());
-    RiempiPoligoni(tela, {esterno + interno});
-    // Round ends, as a stroke has them.
-    const QPointF inizio(centro.x() + rx * std::cos(a), centro.y() - ry * std::sin(a));
-    const QPointF fine(centro.x() + rx * std::cos(b), centro.y() - ry * std::sin(b));
-    Segmento(tela, inizio, inizio, meta, true);
-    Segmento(tela, fine, fine, meta, true);
-}
-
-} // namespace
 
 const Superficie::Timbro& Superficie::TimbroEllisse(double rx, double ry, bool pieno) {
     const auto chiave = std::make_tuple(rx, ry, DrawStyle, pieno);
@@ -882,116 +470,6 @@ void Superficie::Circle(float x, float y, float raggio, int32_t colore, float in
     if (!AutoRedraw) Avvisa();
 }
 
-void Superficie::Print(const QString& testo) {
-    QString riga = SenzaFineRiga(testo);
-    const Caratteri& c = CaratteriCorrenti();
-    const int px = PuntoPixelX(CurrentX);
-    if (px >= bitmap_.width()) riga.clear();
-    // Of a long line only what can reach the bitmap is printed: the rest would
-    // cost time in proportion to its length and show nothing.
-    if (riga.size() > 256) {
-        double avanzo = px;
-        qsizetype fino = 0;
-        while (fino < riga.size() && avanzo <= bitmap_.width())
-            avanzo += c.Metriche->horizontalAdvance(riga[fino++]);
-        riga.truncate(std::min(riga.size(), fino + 4));
-    }
-    if (!riga.isEmpty()) {
-        const int base = PuntoPixelY(CurrentY) + static_cast<int>(std::round(c.Ascesa));
-        const Scritta& scritta = ScrittaDi(riga);
-        const Tela tela(StratoDiretto(), ColoreQt(ForeColor), false);
-        for (const Timbro::Pezzo& pezzo : scritta.Pezzi)
-            tela.Tratto(base + pezzo.Y, px + pezzo.Da - 1, px + pezzo.Fino - 1);
-    }
-    CurrentY += TextHeight(riga);
-    CurrentX = sinistra_;
-    if (!AutoRedraw) Avvisa();
-}
-
-float Superficie::TextWidth(const QString& testo) const {
-    const QFontMetricsF& m = *CaratteriCorrenti().Metriche;
-    double massimo = 0;
-    for (const QString& riga :
-         QString(testo).replace(QStringLiteral("\r\n"), QStringLiteral("\r")).split(QChar(u'\r')))
-        massimo = std::max(massimo, m.horizontalAdvance(SenzaFineRiga(riga)));
-    return float(massimo * larghezza_ / bitmap_.width());
-}
-
-float Superficie::TextHeight(const QString& testo) const {
-    // Counting the line breaks gives the lines that a split would.
-    qsizetype righe = 1;
-    for (qsizetype i = 0; i < testo.size(); ++i) {
-        if (testo[i] == u'\r') {
-            ++righe;
-            if (i + 1 < testo.size() && testo[i + 1] == u'\n') ++i;
-        }
-    }
-    const bool finisceACapo = testo.endsWith(u'\r') || testo.endsWith(QStringLiteral("\r\n"));
-    if (righe > 1 && finisceACapo) --righe;
-    const double altezzaRiga = std::ceil(CaratteriCorrenti().AltezzaRiga);
-    return float(altezzaRiga * double(righe) * altezza_ / bitmap_.height());
-}
-
-QImage Superficie::LoadPicture(const QString& percorso) {
-    const QFileInfo info(percorso);
-    if (!info.exists() || info.isDir()) throw ErroreFileAssente(percorso);
-    // A pipe or a device would block the replay for good: only plain files are read.
-    if (!info.isFile()) throw ErroreZanto{481, QStringLiteral("Immagine non valida: ") + percorso};
-    // A drawing often shows the same picture many times: the last ones read are
-    // kept while their file stays the same, so a replay decodes each only once.
-    struct Letta {
-        QString Percorso;
-        QDateTime Modifica;
-        qint64 Dimensione;
-        QImage Immagine;
-    };
-    static std::deque<Letta> lette;
-    const QDateTime modifica = info.lastModified();
-    for (const Letta& l : lette)
-        if (l.Percorso == percorso && l.Modifica == modifica && l.Dimensione == info.size())
-            return l.Immagine;
-    QImageReader lettore(percorso);
-    lettore.setAutoTransform(false);
-    QImage immagine = lettore.read();
-    if (immagine.isNull())
-        throw ErroreZanto{481, QStringLiteral("Immagine non valida: ") + percorso};
-    constexpr qsizetype MassimoTenuto = 64 * 1024 * 1024;
-    if (immagine.sizeInBytes() <= MassimoTenuto / 4) {
-        lette.push_front({percorso, modifica, info.size(), immagine});
-        qsizetype totale = 0;
-        for (auto it = lette.begin(); it != lette.end(); ++it) {
-            totale += it->Immagine.sizeInBytes();
-            if (totale > MassimoTenuto) {
-                lette.erase(it, lette.end());
-                break;
-            }
-        }
-    }
-    return immagine;
-}
-
-void Superficie::PaintPicture(const QImage& immagine, float x, float y, float larghezza,
-                              float altezza) {
-    if (immagine.isNull()) return;
-    const int x1 = PuntoPixelX(x);
-    const int y1 = PuntoPixelY(y);
-    const int x2 = PuntoPixelX(double(x) + larghezza);
-    const int y2 = PuntoPixelY(double(y) + altezza);
-    if (x1 == x2 || y1 == y2) return;
-    if (std::max(x1, x2) < 0 || std::max(y1, y2) < 0 || std::min(x1, x2) > bitmap_.width() ||
-        std::min(y1, y2) > bitmap_.height())
-        return;
-    // A negative size turns the picture over on that axis.
-    const QImage voltata = immagine.mirrored(x2 < x1, y2 < y1);
-    {
-        QPainter& p = Pittore();
-        p.drawImage(QRect(QPoint(std::min(x1, x2), std::min(y1, y2)),
-                          QSize(std::abs(x2 - x1), std::abs(y2 - y1))),
-                    voltata);
-    }
-    if (!AutoRedraw) Avvisa();
-}
-
 int32_t Superficie::Point(float x, float y) const {
     const QImage& strato = StratoAttivo();
     const int px = PuntoPixelX(x);
@@ -1021,29 +499,4 @@ void Superficie::Refresh() {
     ChiudiPittore();
     schermo_ = bitmap_;
     Avvisa();
-}
-
-QByteArray Superficie::ImmagineBmp() const {
-    ChiudiPittore();
-    QByteArray dati;
-    QBuffer memoria(&dati);
-    memoria.open(QIODevice::WriteOnly);
-    QImageWriter scrittore(&memoria, "bmp");
-    if (!scrittore.write(bitmap_))
-        throw ErroreZanto{7, QStringLiteral("Memoria esaurita: ") + scrittore.errorString()};
-    return dati;
-}
-
-void Superficie::SalvaImmagine(const QString& percorso) const {
-    const QByteArray dati = ImmagineBmp();
-    QFile file(percorso);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        throw ErroreFile(file.error(), percorso, file.errorString());
-    if (file.write(dati) != dati.size() || !file.flush()) {
-        const ErroreZanto errore = ErroreFile(file.error(), percorso, file.errorString());
-        file.close();
-        file.remove();
-        throw errore;
-    }
-    file.close();
 }

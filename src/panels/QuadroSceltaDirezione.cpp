@@ -30,7 +30,7 @@ void QuadroSceltaDirezione::AttivaQuadroSceltaDirezione() {
     setWindowIcon(IconaSvg(QStringLiteral(":/logo-zanto.svg"), QSize(32, 32)));
     for (int16_t i = 101; i <= 105; ++i) {
         Corone.value(i)->hide();
-        ImpostaColoreCorona(i, 0x00FF00);
+        ImpostaColoreCorona(i, ColoriCorona::Verde);
     }
     // The ring starts on the last direction; in mode 3 only on a real one.
     const int16_t ultima = DirezioneScelta;

@@ -38,7 +38,7 @@ void QuadroSettaggiFont::AttivaQuadroSettaggiFont() {
                       setWindowIcon(IconaSvg(QStringLiteral(":/logo-zanto.svg"), QSize(32, 32)));
                       for (int16_t i = 101; i <= 105; ++i) {
                           Corone.value(i)->hide();
-                          ImpostaColoreCorona(i, 0x00FF00);
+                          ImpostaColoreCorona(i, ColoriCorona::Verde);
                       }
                   }},
                  {3010,

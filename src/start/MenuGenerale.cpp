@@ -131,7 +131,7 @@ void MenuGenerale::AttivaMenùGenerale() {
         Tasti.value(i)->Predefinito = false;
     }
     Motore.TastoCorrente = 101;
-    ImpostaColoreCorona(101, 0x00FF00);
+    ImpostaColoreCorona(101, ColoriCorona::Verde);
     Corone.value(101)->show();
     if (ModalitàFunzionamento == 4) ImpostaPredefinito(101);
     if (CodiceCartellaAttiva != 0) {

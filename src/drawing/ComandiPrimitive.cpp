@@ -1,0 +1,268 @@
+#include "drawing/ComandiPrimitive.h"
+
+#include "drawing/AmbienteDisegno.h"
+#include "input/IconaSvg.h"
+#include "input/QuadroMessaggi.h"
+#include "model/CopiaLavoro.h"
+#include "model/ElementoAttivo.h"
+#include "model/RecordAzione.h"
+#include "model/Selezione.h"
+#include "model/StatoAmbiente.h"
+#include "panels/QuadroSceltaDirezione.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
+
+#include <QLabel>
+
+namespace {
+
+// The button that an element of this type is opened and marked with.
+int16_t TastoDelTipo(int32_t tipo) {
+    switch (tipo) {
+    case TipiAzione::Linea:
+        return 101;
+    case TipiAzione::Arco:
+        return 102;
+    case TipiAzione::Rettangolo:
+        return 103;
+    case TipiAzione::Ellisse:
+        return 104;
+    case TipiAzione::Colorazione:
+        return 114;
+    case TipiAzione::Testo:
+        return 128;
+    case TipiAzione::Immagine:
+        return 129;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+void ComandiPrimitive::FineComandoModifica() {
+    if (OggettoAttivo == 1 && ComandoModifica >= 111 && ComandoModifica <= 113) {
+        // The box a resize stretches against is the one the group has now.
+        ModoIngombro = 1;
+        CalcolaIngombro();
+        RiferimentoXMin = IngombroXMin;
+        RiferimentoYMin = IngombroYMin;
+        RiferimentoXMax = IngombroXMax;
+        RiferimentoYMax = IngombroYMax;
+    }
+    if (ModalitàFunzionamento == 3 && MovimentoAttivo == 1) {
+        ParcheggiaMouse();
+        ApriQuadroSceltaDirezione();
+        if (DirezioneScelta != 5) return;
+    }
+    a_.ImpostaColoreCorona(ComandoModifica, ColoriCorona::Verde);
+    ComandoModifica = 0;
+    RecordLavoro.TipoAzione = 0;
+    a_.Riprendi();
+}
+
+void ComandiPrimitive::ApriPrimitiva(int16_t indice) {
+    PrimitivaAttiva = indice;
+    RecordAzione e;
+    e.ColLinea = ColoreLineaCorrente;
+    e.ColZona = ColoreZonaCorrente;
+    e.SpessLinea = 1;
+    const bool angoli = indice == 101 || indice == 103;
+    e.TipoAzione = indice - 100;
+    if (angoli) {
+        e.XInizio = Predefiniti::XInizio;
+        e.YInizio = Predefiniti::YInizio;
+        e.XFine = Predefiniti::XFine;
+        e.YFine = Predefiniti::YFine;
+    } else {
+        e.XCentro = Predefiniti::CentroX;
+        e.YCentro = Predefiniti::CentroY;
+        e.RaggioVert = Predefiniti::Raggio;
+        e.RaggioOriz = Predefiniti::Raggio;
+    }
+    if (indice == 102) {
+        e.RadIniz = Predefiniti::RadIniz;
+        e.RadFine = Predefiniti::RadFine;
+    }
+    if (indice == 103 || indice == 104) e.FlagPienoVuoto = RiempimentoCorrente;
+    ElementoInCostruzione = e;
+    Superficie& q = a_.Quadro;
+    q.DrawStyle = 2;
+    q.DrawWidth = static_cast<int16_t>(e.SpessLinea);
+    q.ForeColor = ColoreLineaCorrente;
+    q.FillStyle = 1;
+    q.AutoRedraw = true;
+    q.AutoRedraw = false;
+    TracciaElementoAttivo(q);
+    a_.ImpostaColoreCorona(indice, ColoriCorona::Blu);
+    a_.TastoMarcato = indice;
+    a_.Riprendi();
+}
+
+void ComandiPrimitive::ComandoDiModifica(int16_t indice) {
+    ComandoModifica = indice;
+    a_.ImpostaColoreCorona(indice, ColoriCorona::Rosso);
+    a_.ApriSceltaDirezione();
+}
+
+void ComandiPrimitive::ColoraZona() {
+    PrimitivaAttiva = 114;
+    ComandoModifica = 114;
+    RecordAzione e;
+    e.TipoAzione = TipiAzione::Colorazione;
+    e.ColLinea = ColoreLineaCorrente;
+    e.ColZona = ColoreZonaCorrente;
+    e.FlagPienoVuoto = FlagPieno;
+    e.XCentro = MirinoX;
+    e.YCentro = MirinoY;
+    ElementoInCostruzione = e;
+    Superficie& q = a_.Quadro;
+    q.ForeColor = ColoreLineaCorrente;
+    q.FillStyle = 1;
+    q.AutoRedraw = true;
+    q.AutoRedraw = false;
+    a_.ImpostaColoreCorona(114, ColoriCorona::Blu);
+    a_.TastoMarcato = 114;
+    a_.PosizionaMirino();
+    a_.IconaMirino->show();
+    a_.ApriSceltaDirezione();
+}
+
+void ComandiPrimitive::SceltaFormePieneVuote() {
+    RiempimentoCorrente = RiempimentoCorrente == 1 ? 2 : 1;
+    ImpostaIcona(a_.Tasti.value(116), RiempimentoCorrente == 2
+                                          ? QStringLiteral(":/icone/ambiente/forme-piene.svg")
+                                          : QStringLiteral(":/icone/ambiente/forme-vuote.svg"));
+    a_.Tasti.value(116)->repaint();
+    a_.Riprendi();
+}
+
+void ComandiPrimitive::Fissa() {
+    if (PrimitivaAttiva == 0 && OggettoAttivo == 0) {
+        a_.Rifiuta();
+        return;
+    }
+    Superficie& q = a_.Quadro;
+    if (PrimitivaAttiva > 0) {
+        if (PrimitivaAttiva == 114) {
+            ComandoModifica = 0;
+            a_.IconaMirino->hide();
+            MirinoX = ElementoInCostruzione.XCentro;
+            MirinoY = ElementoInCostruzione.YCentro;
+            q.Refresh();
+        }
+        if (PrimitivaAttiva == 120) {
+            // The box is no action: it only says what to select.
+            EseguiPassi({{1202, [] { PrendiRettangoloSelezione(ElementoInCostruzione); }}});
+            a_.ImpostaColoreCorona(120, ColoriCorona::Verde);
+            PrimitivaAttiva = 0;
+            a_.Motore.TastoCorrente = 117;
+            a_.AggiornaCorone();
+            SelezionaElementi();
+            if (NumeroElementiAttivi == 0) {
+                // The box stays in sight while the message says it took nothing.
+                ParcheggiaMouse();
+                Messaggio(TestoNessunElementoSelezionato, 1, 1);
+                q.Refresh();
+            } else {
+                q.DrawWidth = 1;
+                q.DrawStyle = 2;
+                TracciaElementoAttivo(q);
+            }
+            a_.Riprendi();
+            return;
+        }
+        EseguiPassi({{1202, [&q] { FissaElemento(q); }}});
+        if (IndiceElementoInModifica != 0)
+            SostituisciElementoInModifica();
+        else
+            AggiungiElementoInCostruzione();
+        a_.ImpostaColoreCorona(PrimitivaAttiva, ColoriCorona::Verde);
+        PrimitivaAttiva = 0;
+        RegistraCopiaLavoro();
+        a_.Motore.TastoCorrente = 117;
+        a_.AggiornaCorone();
+        q.Refresh();
+        // An object open beside the element is stored too, after it.
+        if (OggettoAttivo != 1) {
+            a_.Riprendi();
+            return;
+        }
+    }
+    if (OggettoAttivo == 1) {
+        if (CopiaOSposta == 2) RimuoviSelezione();
+        AggiungiElementiAttivi();
+        q.DrawStyle = 0;
+        a_.RidisegnoCompleto();
+        OggettoAttivo = 0;
+        RegistraCopiaLavoro();
+        a_.Motore.TastoCorrente = 117;
+        a_.AggiornaCorone();
+        a_.Riprendi();
+    }
+}
+
+void ComandiPrimitive::Annulla() {
+    Superficie& q = a_.Quadro;
+    if (OggettoAttivo == 1) {
+        OggettoAttivo = 0;
+        q.Refresh();
+        a_.Riprendi();
+        return;
+    }
+    if (ComandoModifica < 1 && PrimitivaAttiva < 1) {
+        // Going back in the history needs the undo panel, which comes with its own work.
+        a_.Rifiuta();
+        return;
+    }
+    if (PrimitivaAttiva == 114) {
+        a_.IconaMirino->hide();
+        ComandoModifica = 0;
+    }
+    a_.Corone.value(a_.Motore.TastoCorrente)->hide();
+    for (int16_t* aperto : {&PrimitivaAttiva, &ComandoModifica}) {
+        if (*aperto <= 0) continue;
+        a_.Motore.TastoCorrente = *aperto;
+        a_.ImpostaColoreCorona(*aperto, ColoriCorona::Verde);
+        a_.ImpostaPredefinito(*aperto);
+        *aperto = 0;
+    }
+    a_.TastoMarcato = 0;
+    ElementoRiaperto = 0;
+    a_.RidisegnoCompleto();
+    q.Refresh();
+    a_.Corone.value(a_.Motore.TastoCorrente)->show();
+    a_.Riprendi();
+}
+
+void ComandiPrimitive::DuplicaUltima() {
+    RecordAzione e = Azioni[NumeroAzioni];
+    e.SpessLinea = 1;
+    switch (e.TipoAzione) {
+    case TipiAzione::Linea:
+    case TipiAzione::Rettangolo:
+    case TipiAzione::Testo:
+    case TipiAzione::Immagine:
+        e.XInizio += 100;
+        e.YInizio += 100;
+        e.XFine += 100;
+        e.YFine += 100;
+        break;
+    case TipiAzione::Arco:
+    case TipiAzione::Ellisse:
+        e.XCentro += 100;
+        e.YCentro += 100;
+        break;
+    default:
+        break;
+    }
+    ElementoInCostruzione = e;
+    a_.Quadro.DrawStyle = 2;
+    a_.Quadro.DrawWidth = 1;
+    PrimitivaAttiva = TastoDelTipo(e.TipoAzione);
+    a_.Motore.TastoCorrente = PrimitivaAttiva;
+    a_.AggiornaCorone();
+    TracciaElementoAttivo(a_.Quadro);
+    a_.Riprendi();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+class AmbienteDisegno;
+
+// The commands that make and change one element: the four primitives, the
+// edit commands and their end, the fill, full or empty shapes, the copy of the
+// last element, Fissa and the cancel meaning of Annulla.
+class ComandiPrimitive {
+public:
+    explicit ComandiPrimitive(AmbienteDisegno& ambiente) : a_(ambiente) {}
+
+    void ApriPrimitiva(int16_t indice);
+    void ComandoDiModifica(int16_t indice);
+    void FineComandoModifica();
+    void ColoraZona();
+    void SceltaFormePieneVuote();
+    void DuplicaUltima();
+    void Fissa();
+    void Annulla();
+
+private:
+    AmbienteDisegno& a_;
+};
