@@ -205,8 +205,8 @@ void AmbienteDisegno::AttivaAmbienteDisegno() {
              TastoMarcato = 0;
              Motore.TastoCorrente = ModalitàFunzionamento == 4 ? 119 : 101;
              AggiornaCorone();
-             ImpostaIcona(Tasti.value(116), QStringLiteral(":/icone/ambiente/forme-vuote.svg"));
-             ImpostaIcona(Tasti.value(126), QStringLiteral(":/icone/ambiente/copia.svg"));
+             CambiaIcona(116, QStringLiteral("forme-vuote"));
+             CambiaIcona(126, QStringLiteral("copia"));
              MostraColori();
          }},
         {1020,
@@ -407,4 +407,10 @@ void ChiudiAmbienteDisegno() {
 
 void DistruggiAmbienteDisegno() {
     Ambiente().reset();
+}
+
+void AmbienteDisegno::CambiaIcona(int16_t indice, const QString& nome) {
+    TastoZanto* tasto = Tasti.value(indice);
+    ImpostaIcona(tasto, QStringLiteral(":/icone/ambiente/%1.svg").arg(nome));
+    tasto->repaint();
 }

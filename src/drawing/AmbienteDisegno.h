@@ -43,6 +43,8 @@ public:
     // The crosshair of a fill follows ElementoInCostruzione's point.
     void PosizionaMirino();
     void MostraColori();
+    // A two-way button shows its new way at once: `nome` is a picture of the screen.
+    void CambiaIcona(int16_t indice, const QString& nome);
     // Writes the title and MostraInfo for the button under the ring.
     void ScriviComando(const QString& suggerimento);
 

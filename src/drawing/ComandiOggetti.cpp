@@ -1,7 +1,6 @@
 #include "drawing/ComandiOggetti.h"
 
 #include "drawing/AmbienteDisegno.h"
-#include "input/IconaSvg.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -62,10 +61,7 @@ void ComandiOggetti::DisegnaUltimoOggetto() {
 
 void ComandiOggetti::CopiaOSposta_Click() {
     CopiaOSposta = CopiaOSposta == 1 ? 2 : 1;
-    ImpostaIcona(a_.Tasti.value(126), CopiaOSposta == 2
-                                          ? QStringLiteral(":/icone/ambiente/sposta.svg")
-                                          : QStringLiteral(":/icone/ambiente/copia.svg"));
-    a_.Tasti.value(126)->repaint();
+    a_.CambiaIcona(126, CopiaOSposta == 2 ? QStringLiteral("sposta") : QStringLiteral("copia"));
     a_.Riprendi();
 }
 

@@ -1,7 +1,6 @@
 #include "drawing/ComandiPrimitive.h"
 
 #include "drawing/AmbienteDisegno.h"
-#include "input/IconaSvg.h"
 #include "input/QuadroMessaggi.h"
 #include "model/CopiaLavoro.h"
 #include "model/ElementoAttivo.h"
@@ -44,12 +43,7 @@ int16_t TastoDelTipo(int32_t tipo) {
 void ComandiPrimitive::FineComandoModifica() {
     if (OggettoAttivo == 1 && ComandoModifica >= 111 && ComandoModifica <= 113) {
         // The box a resize stretches against is the one the group has now.
-        ModoIngombro = 1;
-        CalcolaIngombro();
-        RiferimentoXMin = IngombroXMin;
-        RiferimentoYMin = IngombroYMin;
-        RiferimentoXMax = IngombroXMax;
-        RiferimentoYMax = IngombroYMax;
+        PrendiBoxRiferimento();
     }
     if (ModalitàFunzionamento == 3 && MovimentoAttivo == 1) {
         ParcheggiaMouse();
@@ -131,10 +125,8 @@ void ComandiPrimitive::ColoraZona() {
 
 void ComandiPrimitive::SceltaFormePieneVuote() {
     RiempimentoCorrente = RiempimentoCorrente == 1 ? 2 : 1;
-    ImpostaIcona(a_.Tasti.value(116), RiempimentoCorrente == 2
-                                          ? QStringLiteral(":/icone/ambiente/forme-piene.svg")
-                                          : QStringLiteral(":/icone/ambiente/forme-vuote.svg"));
-    a_.Tasti.value(116)->repaint();
+    a_.CambiaIcona(116, RiempimentoCorrente == 2 ? QStringLiteral("forme-piene")
+                                                 : QStringLiteral("forme-vuote"));
     a_.Riprendi();
 }
 

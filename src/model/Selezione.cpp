@@ -59,12 +59,7 @@ void PrendiAzione(int32_t indice) {
 }
 
 void PrendiRiferimento() {
-    ModoIngombro = 1;
-    CalcolaIngombro();
-    RiferimentoXMin = IngombroXMin;
-    RiferimentoYMin = IngombroYMin;
-    RiferimentoXMax = IngombroXMax;
-    RiferimentoYMax = IngombroYMax;
+    PrendiBoxRiferimento();
     // A group never shrinks below a tenth of the box it had when it was taken.
     PassoRidimensioneX = Intero32(double(Arrotonda((double(IngombroXMax) - IngombroXMin) / 10)));
     PassoRidimensioneY = Intero32(double(Arrotonda((double(IngombroYMax) - IngombroYMin) / 10)));
@@ -250,4 +245,13 @@ void AzzeraSelezione() {
     RettangoloSelezione = {};
     ElementiSelezionati = QList<int16_t>{0};
     NumeroElementiSelezionati = 0;
+}
+
+void PrendiBoxRiferimento() {
+    ModoIngombro = 1;
+    CalcolaIngombro();
+    RiferimentoXMin = IngombroXMin;
+    RiferimentoYMin = IngombroYMin;
+    RiferimentoXMax = IngombroXMax;
+    RiferimentoYMax = IngombroYMax;
 }

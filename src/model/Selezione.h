@@ -44,6 +44,10 @@ void PrendiRettangoloSelezione(const RecordAzione& riquadro);
 // NumeroElementiAttivi is 0 and the caller shows TestoNessunElementoSelezionato.
 void SelezionaElementi();
 
+// Measures the group with arcs as whole ellipses and takes that box as the
+// reference box a resize stretches against.
+void PrendiBoxRiferimento();
+
 // Takes the actions of ElementiSelezionati out of Azioni, keeping the order of
 // the rest and the capacity of the list. Every fill that remains becomes a dot,
 // since what it rested on may be gone.
