@@ -16,6 +16,7 @@
 #include <QSqlRecord>
 #include <QVariant>
 
+#include <algorithm>
 #include <array>
 #include <cfloat>
 #include <cmath>
@@ -107,6 +108,15 @@ public:
         if (sqlite3_bind_int64(istruzione_, posizione, valore) != SQLITE_OK) GuastoSqlite(db_);
     }
     void Esegui() {}
+    // How many rows the list will have, so that it is made once at its size:
+    // grown a step at a time, it would be copied whole at every step.
+    qsizetype Righe(const QString& sqlConteggio, int64_t codice) {
+        LetturaNativa conteggio(db_, sqlConteggio);
+        conteggio.Lega(1, codice);
+        if (!conteggio.Avanti()) return 0;
+        return qsizetype(
+            std::clamp<int64_t>(sqlite3_column_int64(conteggio.istruzione_, 0), 0, MassimoAzioni));
+    }
     // Found as Qt's record finds a field: by name, whatever the case.
     int Colonna(const QString& nome) const {
         const int colonne = sqlite3_column_count(istruzione_);
@@ -123,16 +133,17 @@ public:
         return false;
     }
     int64_t Intero(int colonna, const QString& campo, int64_t minimo, int64_t massimo) {
-        return LeggiIntero(istruzione_, colonna, campo, minimo, massimo);
+        return LeggiIntero(Valore(colonna), campo, minimo, massimo);
     }
-    float Reale(int colonna, const QString& campo) {
-        return LeggiReale(istruzione_, colonna, campo);
-    }
-    QString Testo(int colonna, const QString& campo) {
-        return LeggiTesto(istruzione_, colonna, campo);
-    }
+    float Reale(int colonna, const QString& campo) { return LeggiReale(Valore(colonna), campo); }
+    QString Testo(int colonna, const QString& campo) { return LeggiTesto(Valore(colonna), campo); }
 
 private:
+    // One call per value where sqlite3_column_type and then the value would
+    // take the connection's lock twice. The value is read at once, on the
+    // thread that owns the connection, as Qt requires of every connection.
+    sqlite3_value* Valore(int colonna) { return sqlite3_column_value(istruzione_, colonna); }
+
     sqlite3* db_;
     sqlite3_stmt* istruzione_ = nullptr;
 };
@@ -146,6 +157,7 @@ public:
         ::Esegui(q_);
         record_ = q_.record();
     }
+    qsizetype Righe(const QString&, int64_t) { return 0; }
     int Colonna(const QString& nome) const { return record_.indexOf(nome); }
     bool Avanti() {
         if (q_.next()) return true;
@@ -168,7 +180,12 @@ private:
 // Reads the list of `codice` in NumAzione order. The rows' own numbers are not
 // used, only their place in the order.
 template <typename Lettura>
-void LeggiRighe(Lettura& q, int32_t codice, QList<RecordAzione>& lista, int32_t& numero) {
+void LeggiRighe(Lettura& q, const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista,
+                int32_t& numero) {
+    const qsizetype righe =
+        q.Righe(QStringLiteral("SELECT COUNT(*) FROM ") + t.Nome + QStringLiteral(" WHERE ") +
+                    t.ColonnaCodice + QStringLiteral(" = ?"),
+                codice);
     q.Lega(1, codice);
     q.Esegui();
     std::array<int, 22> colonna{};
@@ -179,6 +196,7 @@ void LeggiRighe(Lettura& q, int32_t codice, QList<RecordAzione>& lista, int32_t&
                               QStringLiteral("Campo dell'archivio non trovato: ") + CampiAzione[i]};
     }
     QList<RecordAzione> letti{RecordAzione{}};
+    letti.reserve(righe + 1);
     auto intero = [&](size_t i, Intervallo r) {
         return static_cast<int32_t>(q.Intero(colonna[i], CampiAzione[i], r.Minimo, r.Massimo));
     };
@@ -224,10 +242,10 @@ void Carica(const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista, 
     QSqlDatabase db = Archivio(t.Connessione);
     if (sqlite3* nativo = ManigliaSqlite(db)) {
         LetturaNativa q(nativo, sql);
-        LeggiRighe(q, codice, lista, numero);
+        LeggiRighe(q, t, codice, lista, numero);
     } else {
         LetturaQt q(db, sql);
-        LeggiRighe(q, codice, lista, numero);
+        LeggiRighe(q, t, codice, lista, numero);
     }
 }
 
