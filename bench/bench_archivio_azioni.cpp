@@ -145,15 +145,21 @@ int main(int argc, char** argv) {
     if (sqlite3_open_v2(percorso.constData(), &grezzo, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
         return 1;
     QList<RecordAzione> lettiGrezzi;
-    constexpr int Letture = 25;
-    const double lettura = MedianaMs(Letture, [&](int i) {
-        CodiceDisegnoDaCaricare = BaseCopieLavoro + 1 + i % 5;
-        CaricaAzioniDisegno();
-    });
+    // In turn, so that whatever else the machine does weighs on both alike.
+    std::vector<double> tempiLettura;
+    std::vector<double> tempiGrezzi;
+    for (int i = 0; i < 25; ++i) {
+        const int32_t codice = BaseCopieLavoro + 1 + i % 5;
+        tempiLettura.push_back(DurataMs([&] {
+            CodiceDisegnoDaCaricare = codice;
+            CaricaAzioniDisegno();
+        }));
+        tempiGrezzi.push_back(
+            DurataMs([&] { riuscito = LetturaGrezza(grezzo, codice, lettiGrezzi) && riuscito; }));
+    }
+    const double lettura = Mediana(tempiLettura);
+    const double letturaGrezza = Mediana(tempiGrezzi);
     if (NumeroAzioniUndo != Numero || AzioniUndo[Numero] != lista[Numero]) return 1;
-    const double letturaGrezza = MedianaMs(Letture, [&](int i) {
-        riuscito = LetturaGrezza(grezzo, BaseCopieLavoro + 1 + i % 5, lettiGrezzi) && riuscito;
-    });
     sqlite3_close(grezzo);
     if (!riuscito || lettiGrezzi != AzioniUndo) return 1;
     Stampa("carica_azioni_disegno_32767", lettura, "ms");
