@@ -4,10 +4,14 @@ BUILD_TEST ?= build-test
 BUILD_BENCH ?= build-bench
 JOBS       ?= $(shell nproc)
 
-.PHONY: run test deps build build-test bench format check-format clean
+.PHONY: run test deps deps-bench build build-test bench format check-format clean
 
 deps:
 	@bash scripts/installa-dipendenze.sh
+
+# What only the benchmarks need.
+deps-bench: deps
+	@bash scripts/installa-dipendenze.sh scripts/pacchetti-bench.txt
 
 build: deps
 	@cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
@@ -27,7 +31,7 @@ check-format: deps
 test: check-format build-test
 	@cd $(BUILD_TEST) && ctest --output-on-failure -j $(JOBS)
 
-bench: deps
+bench: deps-bench
 	@cmake -S . -B $(BUILD_BENCH) -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
 	@cmake --build $(BUILD_BENCH) -j $(JOBS)
 	@for b in $(BUILD_BENCH)/bench/bench_*; do \

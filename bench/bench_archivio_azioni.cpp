@@ -1,6 +1,8 @@
 // Writing and reading the longest list the archive holds: 32,767 actions, as a
 // working copy is written after every fixed change. Against it stands the
-// time to copy the same list in memory, which any writer or reader pays too.
+// time to copy the same list in memory, which any writer or reader pays too,
+// and for reading the time SQLite's C interface takes to step through the same
+// rows of the same file into records, with no check at all.
 
 #include "Misura.h"
 
@@ -15,6 +17,8 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -55,6 +59,53 @@ QList<RecordAzione> Lista() {
     return lista;
 }
 
+// The rows of `codice` as plain C code reads them: columns by position in the
+// table's order, texts as UTF-8.
+bool LetturaGrezza(sqlite3* db, int32_t codice, QList<RecordAzione>& lista) {
+    sqlite3_stmt* q = nullptr;
+    if (sqlite3_prepare_v2(db,
+                           "SELECT * FROM TabAzioniDisegno WHERE CodiceDisegno = ?"
+                           " ORDER BY NumAzione ASC",
+                           -1, &q, nullptr) != SQLITE_OK)
+        return false;
+    sqlite3_bind_int(q, 1, codice);
+    QList<RecordAzione> letti{RecordAzione{}};
+    letti.reserve(Numero + 1);
+    const auto testo = [&](int c) {
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(q, c)),
+                                 sqlite3_column_bytes(q, c));
+    };
+    int esito;
+    while ((esito = sqlite3_step(q)) == SQLITE_ROW) {
+        RecordAzione& a = letti.emplace_back();
+        a.TipoAzione = sqlite3_column_int(q, 2);
+        a.XInizio = sqlite3_column_int(q, 3);
+        a.YInizio = sqlite3_column_int(q, 4);
+        a.XFine = sqlite3_column_int(q, 5);
+        a.YFine = sqlite3_column_int(q, 6);
+        a.ColLinea = sqlite3_column_int(q, 7);
+        a.ColZona = sqlite3_column_int(q, 8);
+        a.FlagPienoVuoto = sqlite3_column_int(q, 9);
+        a.SpessLinea = sqlite3_column_int(q, 10);
+        a.XCentro = float(sqlite3_column_double(q, 11));
+        a.YCentro = float(sqlite3_column_double(q, 12));
+        a.RadIniz = float(sqlite3_column_double(q, 13));
+        a.RadFine = float(sqlite3_column_double(q, 14));
+        a.RaggioVert = float(sqlite3_column_double(q, 15));
+        a.RaggioOriz = float(sqlite3_column_double(q, 16));
+        a.InterlineaTesto = int16_t(sqlite3_column_int(q, 17));
+        a.Testo = testo(18);
+        a.NomeFont = testo(19);
+        a.SizeFont = sqlite3_column_int(q, 20);
+        a.Corsivo = sqlite3_column_int(q, 21);
+        a.Grassetto = sqlite3_column_int(q, 22);
+        a.NomeFileImmagine = testo(23);
+    }
+    sqlite3_finalize(q);
+    lista = std::move(letti);
+    return esito == SQLITE_DONE;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -87,12 +138,33 @@ int main(int argc, char** argv) {
     if (!riuscito) return 1;
     Stampa("registra_azioni_disegno_32767", scrittura, "ms");
 
-    const double lettura = MedianaMs(5, [&](int i) {
-        CodiceDisegnoDaCaricare = BaseCopieLavoro + 1 + i;
-        CaricaAzioniDisegno();
-    });
+    // The same five copies in the same order, read in turn by the program and
+    // by plain C code on its own connection to the same file.
+    const QByteArray percorso = PercorsoArchivioDisegni().toUtf8();
+    sqlite3* grezzo = nullptr;
+    if (sqlite3_open_v2(percorso.constData(), &grezzo, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+        return 1;
+    QList<RecordAzione> lettiGrezzi;
+    // In turn, so that whatever else the machine does weighs on both alike.
+    std::vector<double> tempiLettura;
+    std::vector<double> tempiGrezzi;
+    for (int i = 0; i < 25; ++i) {
+        const int32_t codice = BaseCopieLavoro + 1 + i % 5;
+        tempiLettura.push_back(DurataMs([&] {
+            CodiceDisegnoDaCaricare = codice;
+            CaricaAzioniDisegno();
+        }));
+        tempiGrezzi.push_back(
+            DurataMs([&] { riuscito = LetturaGrezza(grezzo, codice, lettiGrezzi) && riuscito; }));
+    }
+    const double lettura = Mediana(tempiLettura);
+    const double letturaGrezza = Mediana(tempiGrezzi);
     if (NumeroAzioniUndo != Numero || AzioniUndo[Numero] != lista[Numero]) return 1;
+    sqlite3_close(grezzo);
+    if (!riuscito || lettiGrezzi != AzioniUndo) return 1;
     Stampa("carica_azioni_disegno_32767", lettura, "ms");
+    Stampa("lettura_grezza_api_c_32767", letturaGrezza, "ms");
+    Stampa("rapporto_carica_su_lettura_grezza_api_c", lettura / letturaGrezza, "x");
 
     QList<RecordAzione> destinazione;
     const double memoria = MedianaMs(5, [&](int) { CopiaLista(lista, Numero, destinazione); });

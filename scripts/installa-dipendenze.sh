@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Installs the Debian packages listed in pacchetti-debian.txt that are missing.
+# Installs the Debian packages listed in pacchetti-debian.txt, or in the list
+# given as the argument, that are missing.
 # Idempotent: with everything present it only checks and returns.
 set -euo pipefail
-lista="$(dirname "$0")/pacchetti-debian.txt"
+lista="${1:-$(dirname "$0")/pacchetti-debian.txt}"
 mancanti=()
 while read -r p; do
   [[ -z "$p" || "$p" == \#* ]] && continue

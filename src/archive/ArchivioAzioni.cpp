@@ -16,6 +16,7 @@
 #include <QSqlRecord>
 #include <QVariant>
 
+#include <algorithm>
 #include <array>
 #include <cfloat>
 #include <cmath>
@@ -77,30 +78,131 @@ constexpr Intervallo Spessore{0, Max16};   // narrowed to 16 bits when drawn
 constexpr Intervallo Dimensione{0, Max32}; // a size in points
 constexpr Intervallo Tipo{TipiAzione::Linea, TipiAzione::Immagine}; // 8 is never stored
 
+// SQLite's own handle under a Qt connection, or nullptr for another driver.
+sqlite3* ManigliaSqlite(const QSqlDatabase& db) {
+    const QVariant v = db.driver()->handle();
+    if (!v.isValid() || qstrcmp(v.typeName(), "sqlite3*") != 0) return nullptr;
+    return *static_cast<sqlite3* const*>(v.constData());
+}
+
+[[noreturn]] void GuastoSqlite(sqlite3* db) {
+    const int codice = sqlite3_extended_errcode(db) & 0xFF;
+    throw ErroreSql(QSqlError(QStringLiteral("SQLite"), QString::fromUtf8(sqlite3_errmsg(db)),
+                              QSqlError::StatementError, QString::number(codice)));
+}
+
+// Rows read through SQLite's own interface: Qt builds a QVariant for every
+// value of a row, which on a long list is most of the time of a load.
+class LetturaNativa {
+public:
+    LetturaNativa(sqlite3* db, const QString& sql) : db_(db) {
+        if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &istruzione_, nullptr) !=
+            SQLITE_OK)
+            GuastoSqlite(db_);
+    }
+    ~LetturaNativa() { sqlite3_finalize(istruzione_); }
+    LetturaNativa(const LetturaNativa&) = delete;
+    LetturaNativa& operator=(const LetturaNativa&) = delete;
+
+    void Lega(int posizione, int64_t valore) {
+        if (sqlite3_bind_int64(istruzione_, posizione, valore) != SQLITE_OK) GuastoSqlite(db_);
+    }
+    void Esegui() {}
+    // How many rows the list will have, so that it is made once at its size:
+    // grown a step at a time, it would be copied whole at every step.
+    qsizetype Righe(const QString& sqlConteggio, int64_t codice) {
+        LetturaNativa conteggio(db_, sqlConteggio);
+        conteggio.Lega(1, codice);
+        if (!conteggio.Avanti()) return 0;
+        return qsizetype(
+            std::clamp<int64_t>(sqlite3_column_int64(conteggio.istruzione_, 0), 0, MassimoAzioni));
+    }
+    // Found as Qt's record finds a field: by name, whatever the case.
+    int Colonna(const QString& nome) const {
+        const int colonne = sqlite3_column_count(istruzione_);
+        for (int i = 0; i < colonne; ++i)
+            if (QString::fromUtf8(sqlite3_column_name(istruzione_, i))
+                    .compare(nome, Qt::CaseInsensitive) == 0)
+                return i;
+        return -1;
+    }
+    bool Avanti() {
+        const int esito = sqlite3_step(istruzione_);
+        if (esito == SQLITE_ROW) return true;
+        if (esito != SQLITE_DONE) GuastoSqlite(db_);
+        return false;
+    }
+    int64_t Intero(int colonna, const QString& campo, int64_t minimo, int64_t massimo) {
+        return LeggiIntero(Valore(colonna), campo, minimo, massimo);
+    }
+    float Reale(int colonna, const QString& campo) { return LeggiReale(Valore(colonna), campo); }
+    QString Testo(int colonna, const QString& campo) { return LeggiTesto(Valore(colonna), campo); }
+
+private:
+    // One call per value where sqlite3_column_type and then the value would
+    // take the connection's lock twice. The value is read at once, on the
+    // thread that owns the connection, as Qt requires of every connection.
+    sqlite3_value* Valore(int colonna) { return sqlite3_column_value(istruzione_, colonna); }
+
+    sqlite3* db_;
+    sqlite3_stmt* istruzione_ = nullptr;
+};
+
+// The same reading through Qt, for a driver other than SQLite.
+class LetturaQt {
+public:
+    LetturaQt(const QSqlDatabase& db, const QString& sql) : q_(Prepara(db, sql)) {}
+    void Lega(int posizione, int64_t valore) { q_.bindValue(posizione - 1, qlonglong(valore)); }
+    void Esegui() {
+        ::Esegui(q_);
+        record_ = q_.record();
+    }
+    qsizetype Righe(const QString&, int64_t) { return 0; }
+    int Colonna(const QString& nome) const { return record_.indexOf(nome); }
+    bool Avanti() {
+        if (q_.next()) return true;
+        if (q_.lastError().isValid()) throw ErroreSql(q_.lastError());
+        return false;
+    }
+    int64_t Intero(int colonna, const QString& campo, int64_t minimo, int64_t massimo) {
+        return LeggiIntero(q_.value(colonna), campo, minimo, massimo);
+    }
+    float Reale(int colonna, const QString& campo) { return LeggiReale(q_.value(colonna), campo); }
+    QString Testo(int colonna, const QString& campo) {
+        return LeggiTesto(q_.value(colonna), campo);
+    }
+
+private:
+    QSqlQuery q_;
+    QSqlRecord record_;
+};
+
 // Reads the list of `codice` in NumAzione order. The rows' own numbers are not
 // used, only their place in the order.
-void Carica(const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista, int32_t& numero) {
-    QSqlQuery q = Prepara(Archivio(t.Connessione),
-                          QStringLiteral("SELECT * FROM ") + t.Nome + QStringLiteral(" WHERE ") +
-                              t.ColonnaCodice + QStringLiteral(" = ? ORDER BY NumAzione ASC"));
-    q.addBindValue(codice);
-    Esegui(q);
+template <typename Lettura>
+void LeggiRighe(Lettura& q, const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista,
+                int32_t& numero) {
+    const qsizetype righe =
+        q.Righe(QStringLiteral("SELECT COUNT(*) FROM ") + t.Nome + QStringLiteral(" WHERE ") +
+                    t.ColonnaCodice + QStringLiteral(" = ?"),
+                codice);
+    q.Lega(1, codice);
+    q.Esegui();
     std::array<int, 22> colonna{};
-    const QSqlRecord record = q.record();
     for (size_t i = 0; i < CampiAzione.size(); ++i) {
-        colonna[i] = record.indexOf(CampiAzione[i]);
+        colonna[i] = q.Colonna(CampiAzione[i]);
         if (colonna[i] < 0)
             throw ErroreZanto{3265,
                               QStringLiteral("Campo dell'archivio non trovato: ") + CampiAzione[i]};
     }
     QList<RecordAzione> letti{RecordAzione{}};
+    letti.reserve(righe + 1);
     auto intero = [&](size_t i, Intervallo r) {
-        return static_cast<int32_t>(
-            LeggiIntero(q.value(colonna[i]), CampiAzione[i], r.Minimo, r.Massimo));
+        return static_cast<int32_t>(q.Intero(colonna[i], CampiAzione[i], r.Minimo, r.Massimo));
     };
-    auto reale = [&](size_t i) { return LeggiReale(q.value(colonna[i]), CampiAzione[i]); };
-    auto testo = [&](size_t i) { return LeggiTesto(q.value(colonna[i]), CampiAzione[i]); };
-    while (q.next()) {
+    auto reale = [&](size_t i) { return q.Reale(colonna[i], CampiAzione[i]); };
+    auto testo = [&](size_t i) { return q.Testo(colonna[i], CampiAzione[i]); };
+    while (q.Avanti()) {
         // Caught here, before a redraw or a save meets it outside any trap.
         if (letti.size() > MassimoAzioni) Overflow(QStringLiteral("NumAzione"));
         RecordAzione& a = letti.emplace_back();
@@ -128,23 +230,28 @@ void Carica(const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista, 
         a.Grassetto = intero(20, UnoDueOZero);
         a.NomeFileImmagine = testo(21);
     }
-    if (q.lastError().isValid()) throw ErroreSql(q.lastError());
     // An owner without rows has no current record to move to.
     if (letti.size() == 1) throw ErroreNessunRecord();
     numero = static_cast<int32_t>(letti.size() - 1);
     lista = std::move(letti);
 }
 
+void Carica(const TabellaAzioni& t, int32_t codice, QList<RecordAzione>& lista, int32_t& numero) {
+    const QString sql = QStringLiteral("SELECT * FROM ") + t.Nome + QStringLiteral(" WHERE ") +
+                        t.ColonnaCodice + QStringLiteral(" = ? ORDER BY NumAzione ASC");
+    QSqlDatabase db = Archivio(t.Connessione);
+    if (sqlite3* nativo = ManigliaSqlite(db)) {
+        LetturaNativa q(nativo, sql);
+        LeggiRighe(q, t, codice, lista, numero);
+    } else {
+        LetturaQt q(db, sql);
+        LeggiRighe(q, t, codice, lista, numero);
+    }
+}
+
 // The text columns take no NULL: an unset string is written empty.
 QString NonNullo(const QString& testo) {
     return testo.isNull() ? QString(0, QChar()) : testo;
-}
-
-// SQLite's own handle under a Qt connection, or nullptr for another driver.
-sqlite3* ManigliaSqlite(const QSqlDatabase& db) {
-    const QVariant v = db.driver()->handle();
-    if (!v.isValid() || qstrcmp(v.typeName(), "sqlite3*") != 0) return nullptr;
-    return *static_cast<sqlite3* const*>(v.constData());
 }
 
 // Qt binds every value by building a placeholder name; on a long list that is
@@ -154,7 +261,7 @@ public:
     InserimentoNativo(sqlite3* db, const QString& sql) : db_(db) {
         if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &istruzione_, nullptr) !=
             SQLITE_OK)
-            Guasto();
+            GuastoSqlite(db_);
     }
     ~InserimentoNativo() { sqlite3_finalize(istruzione_); }
     InserimentoNativo(const InserimentoNativo&) = delete;
@@ -172,18 +279,13 @@ public:
                                     static_cast<int>(utf8.size()), SQLITE_TRANSIENT));
     }
     void Esegui() {
-        if (sqlite3_step(istruzione_) != SQLITE_DONE) Guasto();
+        if (sqlite3_step(istruzione_) != SQLITE_DONE) GuastoSqlite(db_);
         sqlite3_reset(istruzione_);
     }
 
 private:
     void Controlla(int esito) {
-        if (esito != SQLITE_OK) Guasto();
-    }
-    [[noreturn]] void Guasto() {
-        const int codice = sqlite3_extended_errcode(db_) & 0xFF;
-        throw ErroreSql(QSqlError(QStringLiteral("SQLite"), QString::fromUtf8(sqlite3_errmsg(db_)),
-                                  QSqlError::StatementError, QString::number(codice)));
+        if (esito != SQLITE_OK) GuastoSqlite(db_);
     }
 
     sqlite3* db_;

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 
+#include <sqlite3.h>
+
 namespace {
 
 // What a row read from an archive may hold, and the error when it doesn't:
@@ -161,6 +163,33 @@ float LeggiReale(const QVariant& valore, const QString& campo) {
 QString LeggiTesto(const QVariant& valore, const QString& campo) {
     if (valore.isNull() || valore.typeId() != QMetaType::QString) ValoreMancante(campo);
     return valore.toString();
+}
+
+// Qt's driver turns an INTEGER into a qint64, a REAL into a double, a TEXT
+// into a QString and a BLOB into a QByteArray: the storage class decides here
+// exactly as the value's type decides above.
+int64_t LeggiIntero(sqlite3_value* valore, const QString& campo, int64_t minimo, int64_t massimo) {
+    if (sqlite3_value_type(valore) != SQLITE_INTEGER) ValoreMancante(campo);
+    const int64_t n = sqlite3_value_int64(valore);
+    if (n < minimo || n > massimo) FuoriIntervallo(campo);
+    return n;
+}
+
+float LeggiReale(sqlite3_value* valore, const QString& campo) {
+    const int tipo = sqlite3_value_type(valore);
+    if (tipo != SQLITE_FLOAT && tipo != SQLITE_INTEGER) ValoreMancante(campo);
+    const double d = sqlite3_value_double(valore);
+    if (!std::isfinite(d) || std::fabs(d) > double(FLT_MAX)) FuoriIntervallo(campo);
+    return static_cast<float>(d);
+}
+
+QString LeggiTesto(sqlite3_value* valore, const QString& campo) {
+    if (sqlite3_value_type(valore) != SQLITE_TEXT) ValoreMancante(campo);
+    // UTF-16 from SQLite itself, as the driver reads it: an odd byte sequence
+    // comes out the same either way.
+    const auto* testo = static_cast<const QChar*>(sqlite3_value_text16(valore));
+    if (testo == nullptr) throw ErroreZanto{7, QStringLiteral("Memoria esaurita")};
+    return QString(testo, sqlite3_value_bytes16(valore) / qsizetype(sizeof(QChar)));
 }
 
 void Transazione::Conferma() {

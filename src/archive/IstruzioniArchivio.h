@@ -8,6 +8,8 @@
 
 #include <cstdint>
 
+struct sqlite3_value;
+
 // The statements the program issues on the archives of drawings and objects.
 // Every value is bound, never pasted into the text, so a name with an
 // apostrophe is stored and found like any other. Each call throws ErroreZanto
@@ -75,6 +77,10 @@ int64_t LeggiIntero(const QVariant& valore, const QString& campo, int64_t minimo
 int32_t LeggiCodice(const QVariant& valore, const QString& campo); // 1 to INT32_MAX
 float LeggiReale(const QVariant& valore, const QString& campo);    // finite, within a float
 QString LeggiTesto(const QVariant& valore, const QString& campo);
+// The same checks on a value of a row read through SQLite's own interface.
+int64_t LeggiIntero(sqlite3_value* valore, const QString& campo, int64_t minimo, int64_t massimo);
+float LeggiReale(sqlite3_value* valore, const QString& campo);
+QString LeggiTesto(sqlite3_value* valore, const QString& campo);
 
 // One transaction on an archive: rolled back unless confirmed.
 class Transazione {

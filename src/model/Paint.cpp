@@ -68,33 +68,64 @@ bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempiment
     auto riga = [&](int r) { return reinterpret_cast<QRgb*>(base + passoRiga * r); };
     if (riga(y)[x] != daSostituire) return false;
 
-    // Spans instead of pixels, with our own stack: a whole-canvas region would
-    // be far too deep for recursion.
-    struct Punto {
-        int X;
-        int Y;
+    // Spans instead of pixels, with our own lists: a whole-canvas region would
+    // be far too deep for recursion. Each entry is a span just filled and the
+    // row it still has to look at. A new span looks on in the same direction
+    // over its whole width, and back only where it reaches past its parent:
+    // under the parent everything is already filled, so no row is scanned
+    // twice over.
+    struct Tratto {
+        int Y;        // the row to scan
+        int Sinistra; // the filled span next to it, on row Y - Verso
+        int Destra;
+        int Verso;
     };
-    std::vector<Punto> pila;
-    pila.reserve(256);
-    pila.push_back({x, y});
-    while (!pila.empty()) {
-        const Punto p = pila.back();
-        pila.pop_back();
-        QRgb* const r = riga(p.Y);
-        if (r[p.X] != daSostituire) continue;
-        const int sinistra = CercaIndietroDiverso(r, p.X, daSostituire) + 1;
-        const int destra = CercaAvanti<false>(r, p.X, larghezza, daSostituire) - 1;
+    // Entries go round by round, the spans found in one round looked at in the
+    // next: depth first, a lattice of one-pixel spans would leave an entry per
+    // span waiting all the way down the canvas, megabytes of
+    // entries that the first span below has made useless.
+    std::vector<Tratto> giro;
+    std::vector<Tratto> prossimi;
+    giro.reserve(256);
+    prossimi.reserve(256);
+    {
+        QRgb* const r = riga(y);
+        const int sinistra = CercaIndietroDiverso(r, x, daSostituire) + 1;
+        const int destra = CercaAvanti<false>(r, x, larghezza, daSostituire) - 1;
         std::fill(r + sinistra, r + destra + 1, riempimento);
-        for (const int vicina : {p.Y - 1, p.Y + 1}) {
-            if (vicina < 0 || vicina >= altezza) continue;
-            const QRgb* const q = riga(vicina);
-            int i = sinistra;
-            for (;;) {
-                i = CercaAvanti<true>(q, i, destra + 1, daSostituire);
-                if (i > destra) break;
-                pila.push_back({i, vicina});
-                i = CercaAvanti<false>(q, i, destra + 1, daSostituire);
+        giro.push_back({y + 1, sinistra, destra, 1});
+        giro.push_back({y - 1, sinistra, destra, -1});
+    }
+    for (;;) {
+        if (giro.empty()) {
+            if (prossimi.empty()) break;
+            giro.swap(prossimi);
+        }
+        const Tratto t = giro.back();
+        giro.pop_back();
+        if (t.Y < 0 || t.Y >= altezza) continue;
+        QRgb* const r = riga(t.Y);
+        int i = t.Sinistra;
+        while (i <= t.Destra) {
+            if (r[i] != daSostituire) {
+                i = CercaAvanti<true>(r, i + 1, t.Destra + 1, daSostituire);
+                if (i > t.Destra) break;
             }
+            // Only a run that touches the parent's left end can reach further left.
+            int sinistra = i;
+            if (i == t.Sinistra && i > 0 && r[i - 1] == daSostituire)
+                sinistra = CercaIndietroDiverso(r, i - 1, daSostituire) + 1;
+            int destra = i;
+            if (i + 1 < larghezza && r[i + 1] == daSostituire)
+                destra = CercaAvanti<false>(r, i + 1, larghezza, daSostituire) - 1;
+            std::fill(r + sinistra, r + destra + 1, riempimento);
+            prossimi.push_back({t.Y + t.Verso, sinistra, destra, t.Verso});
+            // The parent's row ends one pixel past the parent on either side.
+            if (sinistra < t.Sinistra - 1)
+                prossimi.push_back({t.Y - t.Verso, sinistra, t.Sinistra - 2, -t.Verso});
+            if (destra > t.Destra + 1)
+                prossimi.push_back({t.Y - t.Verso, t.Destra + 2, destra, -t.Verso});
+            i = destra + 2;
         }
     }
     return true;

@@ -112,6 +112,8 @@ private slots:
     void riga_fuori_regola_da_errore_e_lascia_la_lista_com_era_data();
     void riga_fuori_regola_da_errore_e_lascia_la_lista_com_era();
     void valori_ai_limiti_si_leggono();
+    void colonne_senza_tipo_si_leggono_per_nome_e_per_classe_del_valore();
+    void colonna_mancante_da_errore_3265_e_lascia_la_lista_com_era();
     void lista_di_32768_azioni_da_errore_6_e_lascia_la_lista_com_era();
     void reale_non_finito_da_errore_6_e_non_scrive_nulla_data();
     void reale_non_finito_da_errore_6_e_non_scrive_nulla();
@@ -496,6 +498,16 @@ void TestArchivioAzioni::riga_fuori_regola_da_errore_e_lascia_la_lista_com_era_d
     QTest::newRow("Corsivo 3") << "Corsivo" << QVariant(3) << 6;
     QTest::newRow("Grassetto reale") << "Grassetto" << QVariant(2.5) << 3021;
     QTest::newRow("NomeFileImmagine NULL") << "NomeFileImmagine" << nulla << 3021;
+    // Values whose low 32 bits alone would pass.
+    QTest::newRow("TipoAzione 2^32 + 1") << "TipoAzione" << QVariant((qlonglong(1) << 32) + 1) << 6;
+    QTest::newRow("SizeFont 2^31") << "SizeFont" << QVariant(qlonglong(1) << 31) << 6;
+    QTest::newRow("ColZona 2^63 - 1")
+        << "ColZona" << QVariant(std::numeric_limits<qlonglong>::max()) << 6;
+    // Too large for an integer: SQLite keeps it as a real.
+    QTest::newRow("XFine 1e19") << "XFine" << QVariant(1e19) << 3021;
+    QTest::newRow("YInizio blob") << "YInizio" << QVariant(QByteArray("\x01\x02")) << 3021;
+    QTest::newRow("Corsivo NULL") << "Corsivo" << nulla << 3021;
+    QTest::newRow("RaggioOriz blob") << "RaggioOriz" << QVariant(QByteArray("1.5")) << 3021;
 }
 
 void TestArchivioAzioni::riga_fuori_regola_da_errore_e_lascia_la_lista_com_era() {
@@ -557,6 +569,109 @@ void TestArchivioAzioni::valori_ai_limiti_si_leggono() {
     QCOMPARE(a.SpessLinea, 32767);
     QCOMPARE(a.XCentro, 5.0f);
     QCOMPARE(a.InterlineaTesto, int16_t(-32768));
+}
+
+void TestArchivioAzioni::colonne_senza_tipo_si_leggono_per_nome_e_per_classe_del_valore() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    // No declared types, so every value keeps the class it was written with;
+    // the columns in another order and case than the record's.
+    Sql(ArchivioDisegni, QStringLiteral("DROP TABLE TabAzioniDisegno"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("CREATE TABLE TabAzioniDisegno (nomefileimmagine, GRASSETTO, Corsivo,"
+                       " SizeFont, NomeFont, Testo, InterlineaTesto, RaggioOriz, RaggioVert,"
+                       " RadFine, RadIniz, YCentro, XCentro, SpessLinea, FlagPienoVuoto, ColZona,"
+                       " ColLinea, YFine, XFine, YInizio, XInizio, tipoazione, NumAzione,"
+                       " CodiceDisegno)"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (1, 'sparso', 1)"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabAzioniDisegno VALUES ('/f.jpg', 2, 1, 14, 'Arial', '',"
+                       " -3, 2, 0.5, 6, 1, 2.25, 300, 4, 1, 255, 65280, -5, 6, 7, 8, 7, 1, 1)"));
+    CodiceDisegnoDaCaricare = 1;
+    CaricaAzioniDisegno();
+    QCOMPARE(NumeroAzioniUndo, 1);
+    RecordAzione atteso;
+    atteso.TipoAzione = 7;
+    atteso.XInizio = 8;
+    atteso.YInizio = 7;
+    atteso.XFine = 6;
+    atteso.YFine = -5;
+    atteso.ColLinea = 65280;
+    atteso.ColZona = 255;
+    atteso.FlagPienoVuoto = 1;
+    atteso.SpessLinea = 4;
+    atteso.XCentro = 300.0f; // an integer is a float's value too
+    atteso.YCentro = 2.25f;
+    atteso.RadIniz = 1.0f;
+    atteso.RadFine = 6.0f;
+    atteso.RaggioVert = 0.5f;
+    atteso.RaggioOriz = 2.0f;
+    atteso.InterlineaTesto = -3;
+    atteso.NomeFont = QStringLiteral("Arial");
+    atteso.SizeFont = 14;
+    atteso.Corsivo = 1;
+    atteso.Grassetto = 2;
+    atteso.NomeFileImmagine = QStringLiteral("/f.jpg");
+    QCOMPARE(AzioniUndo[1], atteso);
+    QVERIFY(AzioniUndo[1].Testo.isEmpty());
+    // Without a type to convert it, a number written as text stays text.
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabAzioniDisegno SELECT nomefileimmagine, GRASSETTO, Corsivo,"
+                       " SizeFont, NomeFont, Testo, InterlineaTesto, RaggioOriz, RaggioVert,"
+                       " RadFine, RadIniz, YCentro, XCentro, SpessLinea, FlagPienoVuoto, ColZona,"
+                       " ColLinea, YFine, XFine, YInizio, '12', tipoazione, 2, CodiceDisegno"
+                       " FROM TabAzioniDisegno"));
+    try {
+        CaricaAzioniDisegno();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3021);
+        QVERIFY(e.Descrizione.contains(QStringLiteral("XInizio")));
+    }
+    QCOMPARE(NumeroAzioniUndo, 1);
+    QCOMPARE(AzioniUndo[1], atteso);
+    // A name as text is read as text, and a whole number in a text column is not.
+    Sql(ArchivioDisegni, QStringLiteral("UPDATE TabAzioniDisegno SET XInizio = 12,"
+                                        " NomeFont = 12 WHERE NumAzione = 2"));
+    try {
+        CaricaAzioniDisegno();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3021);
+        QVERIFY(e.Descrizione.contains(QStringLiteral("NomeFont")));
+    }
+    Sql(ArchivioDisegni,
+        QStringLiteral("UPDATE TabAzioniDisegno SET NomeFont = '12' WHERE NumAzione = 2"));
+    CaricaAzioniDisegno();
+    QCOMPARE(NumeroAzioniUndo, 2);
+    QCOMPARE(AzioniUndo[2].XInizio, 12);
+    QCOMPARE(AzioniUndo[2].NomeFont, QStringLiteral("12"));
+}
+
+void TestArchivioAzioni::colonna_mancante_da_errore_3265_e_lascia_la_lista_com_era() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Sql(ArchivioOggetti, QStringLiteral("ALTER TABLE TabAzioniOggetto DROP COLUMN RadFine"));
+    Sql(ArchivioOggetti,
+        QStringLiteral("INSERT INTO TabOggetti (CodiceOggetto, NomeOggetto, CodiceCartellaObj)"
+                       " VALUES (1, 'monco', 1)"));
+    Sql(ArchivioOggetti,
+        QStringLiteral("INSERT INTO TabAzioniOggetto (CodiceOggetto, NumAzione, TipoAzione)"
+                       " VALUES (1, 1, 1)"));
+    AzioniOggetto = UnaDiOgniTipo();
+    NumeroAzioniOggetto = 7;
+    CodiceOggettoDaCaricare = 1;
+    try {
+        CaricaAzioniOggetto();
+        QFAIL("nessun errore");
+    } catch (const ErroreZanto& e) {
+        QCOMPARE(e.Numero, 3265);
+        QVERIFY(e.Descrizione.contains(QStringLiteral("RadFine")));
+    }
+    QCOMPARE(NumeroAzioniOggetto, 7);
+    QCOMPARE(AzioniOggetto, UnaDiOgniTipo());
 }
 
 void TestArchivioAzioni::lista_di_32768_azioni_da_errore_6_e_lascia_la_lista_com_era() {

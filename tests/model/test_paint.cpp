@@ -66,6 +66,18 @@ void RiempiRiferimento(QImage& img, int x, int y, QRgb nuovo) {
     }
 }
 
+// Pixels of `img` that differ from `atteso`, and how many carry `colore`.
+std::pair<int, int> Confronta(const QImage& img, const QImage& atteso, QRgb colore) {
+    int diversi = 0;
+    int colorati = 0;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x) {
+            if (img.pixel(x, y) != atteso.pixel(x, y)) ++diversi;
+            if (img.pixel(x, y) == colore) ++colorati;
+        }
+    return {diversi, colorati};
+}
+
 } // namespace
 
 class TestPaint : public QObject {
@@ -89,6 +101,8 @@ private slots:
     void pennello_trasparente_non_dipinge();
     void senza_conservazione_si_colora_lo_schermo();
     void riempimento_a_strisce_uguale_al_riempimento_pixel_per_pixel();
+    void strisce_di_un_pixel_riempite_come_dal_riferimento_data();
+    void strisce_di_un_pixel_riempite_come_dal_riferimento();
 };
 
 void TestPaint::device_ricava_scala_e_fattori_in_twips() {
@@ -269,6 +283,64 @@ void TestPaint::riempimento_a_strisce_uguale_al_riempimento_pixel_per_pixel() {
         }
     QCOMPARE(diversi, 0);
     QVERIFY(riempiti > 1000);
+}
+
+void TestPaint::strisce_di_un_pixel_riempite_come_dal_riferimento_data() {
+    QTest::addColumn<QString>("disegno");
+    QTest::addColumn<QPoint>("punto");
+    QTest::addColumn<int>("attesi");
+    // 61 x 47: odd sides, so that the patterns end differently on each edge.
+    // A grid: every other row is all spans of one pixel. 30 x 23 walls.
+    QTest::newRow("reticolo dal centro") << "reticolo" << QPoint(30, 24) << 61 * 47 - 30 * 23;
+    QTest::newRow("reticolo dall'angolo") << "reticolo" << QPoint(60, 46) << 61 * 47 - 30 * 23;
+    // One path that winds down and up every other column: 31 teeth joined at
+    // alternate ends, spans of one pixel everywhere but at the bends.
+    QTest::newRow("serpentina dall'inizio") << "serpentina" << QPoint(0, 46) << 31 * 47 + 30;
+    QTest::newRow("serpentina da metà") << "serpentina" << QPoint(30, 20) << 31 * 47 + 30;
+    // 4-connected, a square of a checkerboard touches none of its colour.
+    QTest::newRow("scacchiera") << "scacchiera" << QPoint(30, 20) << 1;
+    QTest::newRow("scacchiera sul bordo") << "scacchiera" << QPoint(60, 0) << 1;
+    // Diagonal stairs: spans of two pixels, each overlapping the next row's by one.
+    QTest::newRow("scala") << "scala" << QPoint(10, 10) << -1;
+    QTest::newRow("scala in fondo") << "scala" << QPoint(60, 44) << -1;
+}
+
+void TestPaint::strisce_di_un_pixel_riempite_come_dal_riferimento() {
+    QFETCH(QString, disegno);
+    QFETCH(QPoint, punto);
+    QFETCH(int, attesi);
+    const QRgb vuoto = qRgb(255, 255, 255);
+    const QRgb muro = qRgb(0, 0, 0);
+    const QRgb nuovo = qRgb(0, 0, 255);
+    QImage img(61, 47, QImage::Format_RGB32);
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x) {
+            bool pieno = false;
+            if (disegno == QLatin1String("reticolo"))
+                pieno = x % 2 == 1 && y % 2 == 1;
+            else if (disegno == QLatin1String("serpentina"))
+                pieno = x % 2 == 1 && !(x % 4 == 1 ? y == 0 : y == img.height() - 1);
+            else if (disegno == QLatin1String("scacchiera"))
+                pieno = (x + y) % 2 == 1;
+            else
+                pieno = (x - y + 4 * img.width()) % 4 >= 2;
+            img.setPixel(x, y, pieno ? muro : vuoto);
+        }
+    QCOMPARE(img.pixel(punto), vuoto);
+    QImage atteso = img;
+    RiempiRiferimento(atteso, punto.x(), punto.y(), nuovo);
+    QVERIFY(RiempiZona(img, punto.x(), punto.y(), vuoto, nuovo));
+    const auto [diversi, colorati] = Confronta(img, atteso, nuovo);
+    QCOMPARE(diversi, 0);
+    if (attesi >= 0)
+        QCOMPARE(colorati, attesi);
+    else
+        QVERIFY(colorati > img.height());
+    // Filling back over the same region takes the same pixels.
+    QVERIFY(RiempiZona(img, punto.x(), punto.y(), nuovo, vuoto));
+    RiempiRiferimento(atteso, punto.x(), punto.y(), vuoto);
+    QCOMPARE(Confronta(img, atteso, nuovo).first, 0);
+    QCOMPARE(Confronta(img, atteso, nuovo).second, 0);
 }
 
 QTEST_MAIN(TestPaint)
