@@ -3,6 +3,7 @@
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/GuidaDisegno.h"
 #include "drawing/VistaSuperficie.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
@@ -14,6 +15,7 @@
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
+#include "support/SondePixel.h"
 
 #include <QLabel>
 #include <QSqlError>
@@ -75,6 +77,21 @@ class ProvaAmbienteDisegno : public QObject {
         QVERIFY(nero);
         QCOMPARE(bitmap.pixel(20, 20) & 0xFFFFFFu, 0xC0C0C0u);
         QCOMPARE(A()->Motore.TastoCorrente, int16_t(117));
+    }
+
+    // The colour of a ring as the screen shows it: a pixel of the ring's rim,
+    // outside its button.
+    static uint32_t ColoreAnelloSulloSchermo(AmbienteDisegno* a, int16_t indice) {
+        const QImage schermo = a->grab().toImage();
+        const QPoint p = a->Corone.value(indice)->geometry().topLeft() + QPoint(1, 1);
+        return schermo.pixel(p) & 0xFFFFFFu;
+    }
+    // Is any pixel round this point of the picture black?
+    static bool NeroVicino(const QImage& img, int x, int y) {
+        for (int dx = -2; dx <= 2; ++dx)
+            for (int dy = -2; dy <= 2; ++dy)
+                if (SondePixel::Colore(img, x + dx, y + dy) == 0) return true;
+        return false;
     }
 
 private slots:
@@ -222,29 +239,41 @@ private slots:
         QCOMPARE(a->Motore.TastoCorrente, int16_t(118));
     }
 
+    // The scan key turns the ring round: it overshoots 106 on the way out,
+    // walks back to it one dwell at a time, and keeps that sense after a choice.
     void strada_di_una_linea_in_modo_2() {
-        ModalitàFunzionamento = 2;
-        Apri(2);
+        TipoInversioneScansione = 1;
+        AmbienteDisegno* a = Apri(2);
         Copione c(*orologio);
-        c.Tasto(Qt::Key_Return);
-        c.Tasto(Qt::Key_Space); // backwards: 101, 133, ..., 106 is far; forwards again
-        c.Tasto(Qt::Key_Space);
-        for (int i = 0; i < 5; ++i)
-            c.Attendi(1000);
-        c.Tasto(Qt::Key_Return);
-        c.Attendi(1000).Tasto(Qt::Key_Return);
+        auto anello = [&c, a](int16_t atteso) {
+            c.Attendi(1000).Esegui([a, atteso] { QCOMPARE(a->Motore.TastoCorrente, atteso); });
+        };
+        c.Tasto(Qt::Key_Return); // 101: a line opens
+        for (int16_t t = 102; t <= 109; ++t)
+            anello(t);
+        c.Tasto(Qt::Key_Space); // turned round on 109
+        for (int16_t t = 108; t >= 106; --t)
+            anello(t);
+        c.Tasto(Qt::Key_Return); // 106, reached backwards: the direction panel
+        c.Esegui([] { QCOMPARE(ComandoModifica, int16_t(106)); });
+        c.Attendi(1000).Tasto(Qt::Key_Return); // "Destra"
         for (int i = 0; i < 3; ++i)
             c.Attendi(1000);
         c.Tasto(Qt::Key_Return);
         for (int i = 0; i < 3; ++i)
             c.Attendi(1000);
-        c.Tasto(Qt::Key_Return);
-        for (int i = 0; i < 11; ++i)
-            c.Attendi(1000);
+        c.Tasto(Qt::Key_Return); // "Chiudi": the ring walks again from 106, still backwards
+        c.Esegui([a] { QCOMPARE(a->Motore.TastoCorrente, int16_t(106)); });
+        anello(105);
+        c.Tasto(Qt::Key_Space); // forwards again
+        for (int16_t t = 106; t <= 117; ++t)
+            anello(t);
         c.Tasto(Qt::Key_Return);
         c.EseguiFinoAllaFine();
         QVERIFY(c.Problemi.isEmpty());
         VerificaLinea();
+        orologio->Avanza(1000);
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(118));
     }
 
     void un_primitiva_con_un_elemento_aperto_suona_e_l_elemento_resta() {
@@ -305,97 +334,126 @@ private slots:
         }
     }
 
-    // Every button in every state this screen can reach now: it acts where its
-    // condition holds and refuses with a beep, changing nothing, where it fails.
-    void ogni_tasto_in_ogni_stato_agisce_o_rifiuta_data() {
-        QTest::addColumn<QString>("stato");
-        QTest::addColumn<int>("tasto");
-        for (const char* stato :
-             {"Libero", "Elemento aperto linea", "Elemento aperto arco",
-              "Elemento aperto rettangolo", "Elemento aperto ellisse", "Elemento in movimento",
-              "Zona in movimento", "Zona ferma", "Libero con un disegno", "Riquadro in movimento",
-              "Riquadro fermo", "Oggetto", "Oggetto in movimento"})
-            for (int tasto = 101; tasto <= 132; ++tasto)
-                QTest::newRow(qPrintable(QStringLiteral("%1/%2").arg(stato).arg(tasto)))
-                    << QString::fromLatin1(stato) << tasto;
+    // The marked button's ring is magenta while the ring stands on it, and
+    // blue once it walks on.
+    void l_anello_sul_tasto_marcato_e_magenta_e_altrove_blu() {
+        AmbienteDisegno* a = Apri(1);
+        QVERIFY(PremiTasto(Qt::Key_Return)); // 101: a line opens, the ring resumes on it
+        QCOMPARE(PrimitivaAttiva, int16_t(101));
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(101));
+        QCOMPARE(ColoreCorona(*a, 101), 0xFF00FFu);
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 101), 0xFF00FFu);
+        orologio->Avanza(1000);
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(102));
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 101), 0x0000FFu);
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 102), 0x00FF00u);
+        orologio->Avanza(32 * 1000); // a whole lap back to the mark
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(101));
+        QCOMPARE(ColoreCorona(*a, 101), 0xFF00FFu);
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 101), 0xFF00FFu);
+        QVERIFY(!CoroneVisibili(*a).contains(102));
     }
-    void ogni_tasto_in_ogni_stato_agisce_o_rifiuta() {
-        QFETCH(QString, stato);
-        QFETCH(int, tasto);
+
+    void in_modo_4_l_anello_che_torna_sul_tasto_marcato_e_magenta() {
         AmbienteDisegno* a = Apri(4);
-        const QMap<QString, QList<int16_t>> preparazioni = {
-            {"Libero", {}},
-            {"Elemento aperto linea", {101}},
-            {"Elemento aperto arco", {102}},
-            {"Elemento aperto rettangolo", {103}},
-            {"Elemento aperto ellisse", {104}},
-            {"Elemento in movimento", {101, 106}},
-            {"Zona in movimento", {103, 117, 114}},
-            {"Zona ferma", {103, 117, 114, 114}},
-            {"Libero con un disegno", {103, 117}},
-            {"Riquadro in movimento", {103, 117, 120}},
-            {"Riquadro fermo", {103, 117, 120, 113}},
-            {"Oggetto", {103, 117, 120, 113, 117}},
-            {"Oggetto in movimento", {103, 117, 120, 113, 117, 112}},
-        };
-        for (int16_t t : preparazioni.value(stato))
-            a->ClickTasto(t);
+        GuidaDisegno::Premi(a, 103);
+        QVERIFY(PremiTasto(Qt::Key_Right));
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 103), 0x0000FFu);
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 104), 0x00FF00u);
+        QVERIFY(PremiTasto(Qt::Key_Left));
+        QCOMPARE(ColoreCorona(*a, 103), 0xFF00FFu);
+        QCOMPARE(ColoreAnelloSulloSchermo(a, 103), 0xFF00FFu);
+    }
+
+    // Space chooses, Enter is the scan key and fires through the default flag:
+    // with a box moving, Space only stops the movement, and the next Enter,
+    // on the red button, ends the command without asking for a direction.
+    void in_modo_3_con_spazio_per_scelta_spazio_ferma_e_invio_chiude_senza_pannello() {
+        AmbienteDisegno* a = Apri(4);
+        GuidaDisegno::Premi(a, 101);
+        GuidaDisegno::Premi(a, 117);
+        GuidaDisegno::Frecce(Qt::Key_Right, 3);
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(120));
+        QVERIFY(PremiTasto(Qt::Key_F11));
+        QVERIFY(PremiTasto(Qt::Key_F5));
+        QCOMPARE(ModalitàFunzionamento, int16_t(3));
+        QCOMPARE(TastoScelta, int16_t(2));
+        QCOMPARE(TastoScansione, int16_t(1));
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Space); // 120: the box opens and moves: the direction panel
+        c.Esegui([a] {
+            QVERIFY(FormScansione::InPrimoPiano() != a);
+            QCOMPARE(ComandoModifica, int16_t(113));
+        });
+        c.Tasto(Qt::Key_Space); // "Sinistra", under the panel's ring
+        c.EseguiFinoAllaFine();
+        QVERIFY(c.Problemi.isEmpty());
+        QCOMPARE(DirezioneScelta, int16_t(1));
+        QCOMPARE(MovimentoAttivo, int16_t(1));
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(113));
+        const RecordAzione riquadro = ElementoInCostruzione;
+        QVERIFY(PremiTasto(Qt::Key_Space));
+        QCOMPARE(MovimentoAttivo, int16_t(0));
+        QCOMPARE(ComandoModifica, int16_t(113));
+        QVERIFY(ElementoInCostruzione == riquadro);
+        bool pannello = false;
+        Copione fine(*orologio);
+        fine.Tasto(Qt::Key_Return);
+        fine.Esegui([a, &pannello] {
+            FormScansione* f = FormScansione::InPrimoPiano();
+            pannello = f != a;
+            if (pannello) f->ClickTasto(105);
+        });
+        fine.EseguiFinoAllaFine();
+        QVERIFY(!pannello);
+        QCOMPARE(ComandoModifica, int16_t(0));
+        QCOMPARE(PrimitivaAttiva, int16_t(120));
+        QCOMPARE(ColoreCorona(*a, 113), 0x00FF00u);
+        QVERIFY(ElementoInCostruzione == riquadro);
         QCOMPARE(ContatoreBip, 0);
-        const int16_t p = PrimitivaAttiva, c = ComandoModifica, o = OggettoAttivo;
-        const int32_t n = NumeroAzioni;
-        const bool ultimaZona = n > 0 && Azioni[n].TipoAzione == TipiAzione::Colorazione;
-        const QList<int16_t> dopo = {115, 119, 121, 124, 128, 129, 130, 131, 132};
-        bool agisce = false;
-        if (tasto == c && c > 0)
-            agisce = true; // the red button ends its command
-        else if (dopo.contains(static_cast<int16_t>(tasto)))
-            agisce = false; // their panels come later: a beep
-        else if (tasto <= 104)
-            agisce = c < 1 && p < 1 && o != 1;
-        else if (tasto == 105 || tasto == 106)
-            agisce = p == 101;
-        else if (tasto >= 107 && tasto <= 109)
-            agisce = p == 102;
-        else if (tasto == 110)
-            agisce = p == 102 || p == 104;
-        else if (tasto == 111 || tasto == 112)
-            agisce = o != 0 || p == 102 || p == 103 || p == 104 || p == 120;
-        else if (tasto == 113)
-            agisce = o != 0 || p != 0;
-        else if (tasto == 114)
-            agisce = n != 0 && c < 1 && p < 1;
-        else if (tasto == 116 || tasto == 126)
-            agisce = true;
-        else if (tasto == 120)
-            agisce = n != 0 && c < 1 && p < 1 && o != 1;
-        else if (tasto == 123)
-            agisce = c < 1 && p < 1 && o != 0;
-        else if (tasto == 125)
-            agisce = o != 1 && NumeroElementiAttivi != 0;
-        else if (tasto == 127)
-            agisce = n != 0 && c < 1 && p < 1 && o != 0;
-        else if (tasto == 117)
-            agisce = p != 0 || o != 0;
-        else if (tasto == 118)
-            agisce = o == 1 || !(c < 1 && p < 1); // history needs the undo panel
-        else if (tasto == 122)
-            agisce = n != 0 && p < 1 && o != 1 && !ultimaZona;
-        Copione copione(*orologio);
-        if (agisce && tasto == 123) copione.Tasto(Qt::Key_Return); // the flip panel: a flip
-        copione.Avvia();
-        a->ClickTasto(static_cast<int16_t>(tasto));
-        if (agisce) {
-            QCOMPARE(ContatoreBip, 0);
-            if (tasto != 116 && tasto != 126 && tasto != 123)
-                QVERIFY(PrimitivaAttiva != p || ComandoModifica != c || NumeroAzioni != n ||
-                        OggettoAttivo != o);
-        } else {
-            QCOMPARE(ContatoreBip, 1);
-            QCOMPARE(PrimitivaAttiva, p);
-            QCOMPARE(ComandoModifica, c);
-            QCOMPARE(OggettoAttivo, o);
-            QCOMPARE(NumeroAzioni, n);
-        }
+    }
+
+    // A copy of a filled rectangle shows as an outline while open and is fixed
+    // as 116 stands at that moment, not as the copied record says.
+    void duplica_di_un_rettangolo_pieno_si_vede_vuoto_ed_esce_come_dice_116() {
+        using SondePixel::Colore;
+        using SondePixel::Px;
+        AmbienteDisegno* a = Apri(4);
+        GuidaDisegno::Premi(a, 116); // full shapes
+        GuidaDisegno::Premi(a, 103);
+        GuidaDisegno::Premi(a, 117);
+        QCOMPARE(Azioni[1].FlagPienoVuoto, 2);
+        const int32_t zona = ColoreZonaCorrente;
+        const int32_t sfondo = 0xC0C0C0;
+        QVERIFY(zona != sfondo);
+        QCOMPARE(Colore(a->Quadro.Immagine(), Px(7072), Px(5000)), zona);
+        // Each copy stands 100 further: a pixel inside it and outside the one before.
+        const int fuoriPrima = Px(8622), fuoriSeconda = Px(8722), y = Px(5000);
+
+        GuidaDisegno::Premi(a, 122);
+        QCOMPARE(PrimitivaAttiva, int16_t(103));
+        QCOMPARE(ElementoInCostruzione.XInizio, 5672);
+        QCOMPARE(ElementoInCostruzione.YFine, 6600);
+        QCOMPARE(Colore(a->Quadro.Schermo(), fuoriPrima, y), sfondo); // an outline
+        GuidaDisegno::Premi(a, 117);
+        QCOMPARE(NumeroAzioni, 2);
+        QCOMPARE(Azioni[2].XInizio, 5672);
+        QCOMPARE(Azioni[2].FlagPienoVuoto, 2);
+        QCOMPARE(Colore(a->Quadro.Immagine(), fuoriPrima, y), zona);
+
+        GuidaDisegno::Premi(a, 116); // empty shapes now
+        QCOMPARE(RiempimentoCorrente, int16_t(1));
+        GuidaDisegno::Premi(a, 122);
+        QCOMPARE(ElementoInCostruzione.FlagPienoVuoto, 2); // copied as it was
+        QCOMPARE(ElementoInCostruzione.XFine, 8772);
+        QCOMPARE(Colore(a->Quadro.Schermo(), fuoriSeconda, y), sfondo);
+        GuidaDisegno::Premi(a, 117);
+        QCOMPARE(NumeroAzioni, 3);
+        QCOMPARE(Azioni[3].XInizio, 5772);
+        QCOMPARE(Azioni[3].FlagPienoVuoto, 1);
+        QCOMPARE(Colore(a->Quadro.Immagine(), fuoriSeconda, y), sfondo);
+        QVERIFY(NeroVicino(a->Quadro.Immagine(), Px(8772), y)); // its edge, in the line colour
+        QCOMPARE(ContatoreBip, 0);
     }
 
     void un_nuovo_arco_fissato_subito_finisce_a_2_radianti() {

@@ -20,6 +20,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 
 class ProvaOggetti : public QObject {
@@ -278,6 +280,80 @@ private slots:
         QVERIFY(PremiTasto(Qt::Key_Down)); // another key frees it
         QCOMPARE(ContatoreBip, bip + 1);
         QVERIFY(ElementiAttivi != prima);
+    }
+
+    // 111 stretches a group from its right and bottom edges, 112 from its left
+    // and top ones. Each key goes on until the box would come down to a tenth
+    // of the one selected or its centre would leave the canvas; there it
+    // refuses with a beep and nothing of the group or the screen changes.
+    void grandezza_di_un_gruppo_rifiuta_ai_suoi_limiti_data() {
+        QTest::addColumn<int>("comando");
+        QTest::addColumn<int>("tasto");
+        const std::pair<const char*, int> tasti[] = {{"destra", Qt::Key_Right},
+                                                     {"sinistra", Qt::Key_Left},
+                                                     {"su", Qt::Key_Up},
+                                                     {"giu", Qt::Key_Down}};
+        for (int comando : {111, 112})
+            for (const auto& [nome, tasto] : tasti)
+                QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(comando).arg(nome)))
+                    << comando << tasto;
+    }
+    void grandezza_di_un_gruppo_rifiuta_ai_suoi_limiti() {
+        QFETCH(int, comando);
+        QFETCH(int, tasto);
+        Apri(4);
+        GuidaDisegno::LineaSelezionata(a); // the box of the line: 5572, 3500 to 8572, 6500
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        const int xMin0 = 5572, yMin0 = 3500, xMax0 = 8572, yMax0 = 6500;
+        const int decimoX = (xMax0 - xMin0) / 10, decimoY = (yMax0 - yMin0) / 10;
+        const int passo = PassoSpostamento;
+        Premi(static_cast<int16_t>(comando));
+        QCOMPARE(ComandoModifica, int16_t(comando));
+        // Would the next key be refused, on the box the group has now?
+        const auto alLimite = [&] {
+            const RecordAzione& l = ElementiAttivi[1];
+            const int xMin = std::min(l.XInizio, l.XFine), xMax = std::max(l.XInizio, l.XFine);
+            const int yMin = std::min(l.YInizio, l.YFine), yMax = std::max(l.YInizio, l.YFine);
+            const int mezzaL = static_cast<int>(std::lrint(std::abs((xMax - xMin) / 2.0)));
+            const int mezzaA = static_cast<int>(std::lrint(std::abs((yMax - yMin) / 2.0)));
+            const bool grande = comando == 111;
+            switch (tasto) {
+            case Qt::Key_Right:
+                return grande ? xMin + passo >= xMax0 - decimoX : xMin + mezzaL + passo > 14144;
+            case Qt::Key_Left:
+                return grande ? xMax - mezzaL - passo < 0 : xMax - passo <= xMin0 + decimoX;
+            case Qt::Key_Up:
+                return grande ? yMax - mezzaA - passo < 0 : yMax - passo <= yMin0 + decimoY;
+            default:
+                return grande ? yMin + passo >= yMax0 - decimoY : yMin + mezzaA + passo > 10000;
+            }
+        };
+        int passi = 0;
+        for (;; ++passi) {
+            QVERIFY2(passi < 400, "the group never reaches its limit");
+            const bool rifiuto = alLimite();
+            const QList<RecordAzione> prima = ElementiAttivi;
+            const QImage schermo = a->Quadro.Schermo();
+            const int bip = ContatoreBip;
+            QVERIFY(PremiTasto(tasto));
+            if (rifiuto) {
+                QCOMPARE(ContatoreBip, bip + 1);
+                QVERIFY(ElementiAttivi == prima);
+                QVERIFY(a->Quadro.Schermo() == schermo);
+                break;
+            }
+            QCOMPARE(ContatoreBip, bip);
+            QVERIFY(ElementiAttivi != prima);
+        }
+        QVERIFY(passi > 50); // a long way from the box selected
+        // Stopped there: the same key again is refused at once.
+        const QList<RecordAzione> fermo = ElementiAttivi;
+        QVERIFY(PremiTasto(tasto));
+        QVERIFY(ElementiAttivi == fermo);
+        QCOMPARE(ComandoModifica, int16_t(comando));
+        QCOMPARE(NumeroAzioni, 1);
+        QCOMPARE(Azioni[1].XInizio, xMin0);
+        QCOMPARE(Azioni[1].YFine, yMax0);
     }
 
     void disegna_l_ultimo_oggetto_all_apertura_suona() {
