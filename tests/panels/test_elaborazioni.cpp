@@ -1,0 +1,144 @@
+// The fill routines of the list panel: each list from a real archive or
+// folder, label by label, in its order.
+#include "archive/Archivi.h"
+#include "archive/ArchivioAzioni.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "start/Avvio.h"
+#include "start/Bip.h"
+#include "start/MenuGenerale.h"
+#include "start/Utilita.h"
+#include "start/VideaAvanzamento.h"
+#include "support/AmbienteProva.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFontDatabase>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+void Sql(const QString& archivio, const QString& testo) {
+    QSqlQuery q(Archivio(archivio));
+    QVERIFY2(q.exec(testo), qPrintable(testo));
+}
+
+void ScriviFile(const QString& nome) {
+    QFile f(RadiceDati + QDir::separator() + NomiArchivi::SottocartellaFile + QDir::separator() +
+            nome);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write("x");
+}
+
+QStringList Voci() {
+    return VociLista.mid(1);
+}
+
+} // namespace
+
+class ProvaElaborazioni : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>();
+        amb->ApriArchivi();
+        ContatoreBip = 0;
+    }
+    void cleanup() { amb.reset(); }
+
+    void disegni_della_cartella_attiva_per_nome_senza_copie_di_lavoro() {
+        Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabCartelle VALUES (2, 'Scuola')"));
+        Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabDisegni VALUES (12, 'zebra', 2),"
+                                            " (3, 'Albero', 2), (12345, 'casa', 2),"
+                                            " (7, 'altrove', 1), (1000001, 'copia', 2)"));
+        CodiceCartellaAttiva = 2;
+        RiempiListaDisegni();
+        QCOMPARE(NumeroVoci, int16_t(3));
+        QCOMPARE(Voci(), (QStringList{ComponiEtichetta("Albero", 3, FormatoEtichetta::Elemento),
+                                      ComponiEtichetta("casa", 12345, FormatoEtichetta::Elemento),
+                                      ComponiEtichetta("zebra", 12, FormatoEtichetta::Elemento)}));
+        QCOMPARE(VociLista.at(1),
+                 QStringLiteral("Albero") + QString(34, ' ') + QStringLiteral(" [ 0003 ]"));
+        QCOMPARE(ContatoreBip, 0);
+    }
+
+    void una_cartella_vuota_suona_e_lascia_la_lista_vuota() {
+        VociLista = QStringList{QString(), QStringLiteral("vecchia")};
+        NumeroVoci = 1;
+        CodiceCartellaAttiva = 1;
+        RiempiListaDisegni();
+        QCOMPARE(NumeroVoci, int16_t(0));
+        QCOMPARE(VociLista, QStringList{QString()});
+        QCOMPARE(ContatoreBip, 1);
+        CodiceCartellaObjAttiva = 1;
+        RiempiListaOggetti();
+        QCOMPARE(ContatoreBip, 2);
+    }
+
+    void oggetti_e_cartelle_con_i_loro_formati() {
+        Sql(ArchivioOggetti, QStringLiteral("INSERT INTO TabCartelleObj VALUES (4, 'Animali')"));
+        Sql(ArchivioOggetti, QStringLiteral("INSERT INTO TabOggetti VALUES (9, 'Gatto', 4)"));
+        CodiceCartellaObjAttiva = 4;
+        RiempiListaOggetti();
+        QCOMPARE(Voci(), QStringList{ComponiEtichetta("Gatto", 9, FormatoEtichetta::Elemento)});
+        RiempiListaCartelleObj();
+        // By name: the system folder's leading dot sorts after the letters.
+        QCOMPARE(Voci(), (QStringList{ComponiEtichetta("Animali", 4, FormatoEtichetta::Cartella),
+                                      ComponiEtichetta(NomiArchivi::CartellaSistemaOggetti, 1,
+                                                       FormatoEtichetta::Cartella)}));
+        Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabCartelle VALUES (5, 'Casa')"));
+        RiempiListaCartelle();
+        QCOMPARE(NumeroVoci, int16_t(2));
+        QVERIFY(Voci().contains(ComponiEtichetta("Casa", 5, FormatoEtichetta::Cartella)));
+        QVERIFY(Voci().contains(
+            ComponiEtichetta(NomiArchivi::CartellaSistemaDisegni, 1, FormatoEtichetta::Cartella)));
+    }
+
+    void immagini_e_testi_per_posto_nell_elenco_dei_file() {
+        ScriviFile(QStringLiteral("mare.jpg"));
+        ScriviFile(QStringLiteral("sole.BMP"));
+        ScriviFile(QStringLiteral("lettera.rtf"));
+        ScriviFile(QStringLiteral("note.txt"));
+        RiempiListaImmagini();
+        QCOMPARE(NumeroVoci, int16_t(2));
+        for (int16_t i = 1; i <= NumeroVoci; ++i) {
+            const EtichettaLetta l = LeggiEtichetta(VociLista.at(i));
+            QCOMPARE(l.Valore(), int64_t(i));
+            QCOMPARE(QFileInfo(ElencoFile.at(i)).fileName(), l.Nome);
+        }
+        QVERIFY(VideaAvanzamentoAperta() == nullptr);
+        RiempiListaTesti();
+        QCOMPARE(Voci(),
+                 QStringList{ComponiEtichetta("lettera.rtf", 1, FormatoEtichetta::Cartella)});
+    }
+
+    void font_da_A_a_Z_in_ordine() {
+        RiempiListaFont();
+        QStringList attesi;
+        for (const QString& nome : QFontDatabase::families())
+            if (!nome.isEmpty() && nome.at(0) >= 'A' && nome.at(0) <= 'Z') attesi.append(nome);
+        attesi.sort();
+        attesi.removeDuplicates();
+        QCOMPARE(NumeroVoci, int16_t(attesi.size()));
+        for (int i = 0; i < attesi.size(); ++i)
+            QCOMPARE(VociLista.at(i + 1),
+                     attesi.at(i) + QStringLiteral(" [ %1 ]").arg(i + 1, 4, 10, QChar('0')));
+    }
+
+    void venti_dimensioni_da_8_a_46() {
+        RiempiListaDimensioni();
+        QCOMPARE(NumeroVoci, int16_t(20));
+        QCOMPARE(VociLista.at(1), QStringLiteral("8"));
+        QCOMPARE(VociLista.at(2), QStringLiteral("10"));
+        QCOMPARE(VociLista.at(20), QStringLiteral("46"));
+    }
+};
+
+QTEST_MAIN(ProvaElaborazioni)
+#include "test_elaborazioni.moc"
