@@ -20,6 +20,8 @@
 #include <QSqlQuery>
 #include <QtTest>
 
+#include <functional>
+
 #include <array>
 #include <limits>
 
@@ -84,6 +86,16 @@ void PreparaDisegno(const QList<RecordAzione>& lista) {
 void ApriCartellaDiSistema() {
     CodiceCartellaAttiva = 1;
     NomeCartellaAttiva = QStringLiteral("·Disegni Generale");
+}
+
+// The fault a read must end in; a read that ends well gives number 0.
+ErroreZanto ErroreDi(const std::function<void()>& lettura) {
+    try {
+        lettura();
+    } catch (const ErroreZanto& e) {
+        return e;
+    }
+    return ErroreZanto{0, QStringLiteral("nessun errore")};
 }
 
 } // namespace
@@ -195,12 +207,7 @@ void TestArchivioAzioni::disegno_senza_azioni_da_3021_e_lascia_la_lista_com_era(
     NumeroAzioniUndo = 7;
     for (const int32_t codice : {4, 5}) {
         CodiceDisegnoDaCaricare = codice;
-        try {
-            CaricaAzioniDisegno();
-            QFAIL("nessun errore");
-        } catch (const ErroreZanto& e) {
-            QCOMPARE(e.Numero, 3021);
-        }
+        QCOMPARE(ErroreDi(CaricaAzioniDisegno).Numero, 3021);
         QCOMPARE(NumeroAzioniUndo, 7);
         QCOMPARE(AzioniUndo, UnaDiOgniTipo());
     }
@@ -212,12 +219,7 @@ void TestArchivioAzioni::oggetto_senza_azioni_da_3021_e_lascia_la_lista_com_era(
     AzioniOggetto = UnaDiOgniTipo();
     NumeroAzioniOggetto = 7;
     CodiceOggettoDaCaricare = 1;
-    try {
-        CaricaAzioniOggetto();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
-        QCOMPARE(e.Numero, 3021);
-    }
+    QCOMPARE(ErroreDi(CaricaAzioniOggetto).Numero, 3021);
     QCOMPARE(NumeroAzioniOggetto, 7);
     QCOMPARE(AzioniOggetto, UnaDiOgniTipo());
 }
@@ -441,12 +443,7 @@ void TestArchivioAzioni::interlinea_fuori_dai_16_bit_in_archivio_da_errore_6() {
         QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno, NumAzione, TipoAzione,"
                        " InterlineaTesto) VALUES (1, 1, 6, 40000)"));
     CodiceDisegnoDaCaricare = 1;
-    try {
-        CaricaAzioniDisegno();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
-        QCOMPARE(e.Numero, 6);
-    }
+    QCOMPARE(ErroreDi(CaricaAzioniDisegno).Numero, 6);
     QCOMPARE(NumeroAzioniUndo, 0);
 }
 
@@ -460,10 +457,8 @@ void TestArchivioAzioni::campo_di_tipo_sbagliato_da_errore_3021() {
         QStringLiteral("INSERT INTO TabAzioniOggetto (CodiceOggetto, NumAzione, TipoAzione,"
                        " XInizio) VALUES (1, 1, 1, 'dodici')"));
     CodiceOggettoDaCaricare = 1;
-    try {
-        CaricaAzioniOggetto();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
+    {
+        const ErroreZanto e = ErroreDi(CaricaAzioniOggetto);
         QCOMPARE(e.Numero, 3021);
         QVERIFY(e.Descrizione.contains(QStringLiteral("XInizio")));
     }
@@ -535,10 +530,8 @@ void TestArchivioAzioni::riga_fuori_regola_da_errore_e_lascia_la_lista_com_era()
     AzioniUndo = UnaDiOgniTipo();
     NumeroAzioniUndo = 7;
     CodiceDisegnoDaCaricare = 1;
-    try {
-        CaricaAzioniDisegno();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
+    {
+        const ErroreZanto e = ErroreDi(CaricaAzioniDisegno);
         QCOMPARE(e.Numero, errore);
         QVERIFY(e.Descrizione.contains(campo));
     }
@@ -623,10 +616,8 @@ void TestArchivioAzioni::colonne_senza_tipo_si_leggono_per_nome_e_per_classe_del
                        " RadFine, RadIniz, YCentro, XCentro, SpessLinea, FlagPienoVuoto, ColZona,"
                        " ColLinea, YFine, XFine, YInizio, '12', tipoazione, 2, CodiceDisegno"
                        " FROM TabAzioniDisegno"));
-    try {
-        CaricaAzioniDisegno();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
+    {
+        const ErroreZanto e = ErroreDi(CaricaAzioniDisegno);
         QCOMPARE(e.Numero, 3021);
         QVERIFY(e.Descrizione.contains(QStringLiteral("XInizio")));
     }
@@ -635,10 +626,8 @@ void TestArchivioAzioni::colonne_senza_tipo_si_leggono_per_nome_e_per_classe_del
     // A name as text is read as text, and a whole number in a text column is not.
     Sql(ArchivioDisegni, QStringLiteral("UPDATE TabAzioniDisegno SET XInizio = 12,"
                                         " NomeFont = 12 WHERE NumAzione = 2"));
-    try {
-        CaricaAzioniDisegno();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
+    {
+        const ErroreZanto e = ErroreDi(CaricaAzioniDisegno);
         QCOMPARE(e.Numero, 3021);
         QVERIFY(e.Descrizione.contains(QStringLiteral("NomeFont")));
     }
@@ -663,10 +652,8 @@ void TestArchivioAzioni::colonna_mancante_da_errore_3265_e_lascia_la_lista_com_e
     AzioniOggetto = UnaDiOgniTipo();
     NumeroAzioniOggetto = 7;
     CodiceOggettoDaCaricare = 1;
-    try {
-        CaricaAzioniOggetto();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
+    {
+        const ErroreZanto e = ErroreDi(CaricaAzioniOggetto);
         QCOMPARE(e.Numero, 3265);
         QVERIFY(e.Descrizione.contains(QStringLiteral("RadFine")));
     }
@@ -687,12 +674,7 @@ void TestArchivioAzioni::lista_di_32768_azioni_da_errore_6_e_lascia_la_lista_com
     AzioniUndo = UnaDiOgniTipo();
     NumeroAzioniUndo = 7;
     CodiceDisegnoDaCaricare = 5;
-    try {
-        CaricaAzioniDisegno();
-        QFAIL("nessun errore");
-    } catch (const ErroreZanto& e) {
-        QCOMPARE(e.Numero, 6);
-    }
+    QCOMPARE(ErroreDi(CaricaAzioniDisegno).Numero, 6);
     QCOMPARE(NumeroAzioniUndo, 7);
     QCOMPARE(AzioniUndo, UnaDiOgniTipo());
     // One row fewer is the longest list there is, and reads.
