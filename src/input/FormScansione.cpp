@@ -13,6 +13,12 @@ QList<FormScansione*>& FormAperti() {
     static QList<FormScansione*> forms;
     return forms;
 }
+
+void Colora(QLabel* corona, uint32_t rgb) {
+    QPalette p = corona->palette();
+    p.setColor(QPalette::Window, ColoreRGB(rgb));
+    corona->setPalette(p);
+}
 } // namespace
 
 FormScansione::FormScansione(int16_t primo, int16_t ultimo, QWidget* genitore)
@@ -83,18 +89,12 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
             });
         });
         TastiDi(insieme).insert(d.Indice, tasto);
-        QPalette p = corona->palette();
-        p.setColor(QPalette::Window, ColoreRGB(ColoriCorona::Verde));
-        corona->setPalette(p);
+        Colora(corona, ColoriCorona::Verde);
     }
 }
 
 void FormScansione::ImpostaColoreCorona(int16_t indice, uint32_t rgb) {
-    QLabel* corona = CoroneAttive().value(indice);
-    if (corona == nullptr) return;
-    QPalette p = corona->palette();
-    p.setColor(QPalette::Window, ColoreRGB(rgb));
-    corona->setPalette(p);
+    if (QLabel* corona = CoroneAttive().value(indice)) Colora(corona, rgb);
 }
 
 void FormScansione::ImpostaPredefinito(int16_t indice) {
