@@ -2,6 +2,7 @@
 
 #include "start/Avvio.h"
 #include "start/MappaErrori.h"
+#include "start/Utilita.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -31,8 +32,10 @@ QString PercorsoCartellaAttiva(const QString& radice) {
            NomiArchivi::FileCartellaAttiva;
 }
 
-QString PercorsoCartellaDisegni(const QString& nomeCartella, const QString& radice) {
-    return Radice(radice) + '/' + NomiArchivi::SottocartellaDisegni + '/' + nomeCartella;
+QString PercorsoCartellaDisegni(const QString& nomeCartella, int32_t codiceCartella,
+                                const QString& radice) {
+    return Radice(radice) + '/' + NomiArchivi::SottocartellaDisegni + '/' +
+           NomeSicuro(nomeCartella, codiceCartella);
 }
 
 QString PercorsoFile(const QString& radice) {

@@ -28,7 +28,10 @@ QString PercorsoConfigurazione(const QString& radice = {});
 QString PercorsoArchivioDisegni(const QString& radice = {});
 QString PercorsoArchivioOggetti(const QString& radice = {});
 QString PercorsoCartellaAttiva(const QString& radice = {});
-QString PercorsoCartellaDisegni(const QString& nomeCartella, const QString& radice = {});
+// The directory of a folder of drawings: its name made safe, so that no name
+// ever leads outside the drawings' directory and two folders never share one.
+QString PercorsoCartellaDisegni(const QString& nomeCartella, int32_t codiceCartella,
+                                const QString& radice = {});
 QString PercorsoFile(const QString& radice = {});
 
 // Opens the archive file under the connection name; throws ErroreZanto on failure.

@@ -465,14 +465,17 @@ bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella) {
     return riuscito && passiFatti == 4;
 }
 
-QString PercorsoBitmapDisegno(const QString& nomeCartella, const QString& nomeDisegno) {
-    return PercorsoCartellaDisegni(nomeCartella) + '/' + nomeDisegno + QStringLiteral(".bmp");
+QString PercorsoBitmapDisegno(const QString& nomeCartella, int32_t codiceCartella,
+                              const QString& nomeDisegno) {
+    return PercorsoCartellaDisegni(nomeCartella, codiceCartella) + '/' + nomeDisegno +
+           QStringLiteral(".bmp");
 }
 
 bool RegistraDisegno(const Superficie& quadro) {
     const bool nuovo = StatoDisegno == 2 || RegistraComeNuovo == 1;
     int32_t codice = CodiceDisegnoCorrente;
-    const QString percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente);
+    const QString percorso =
+        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente);
     std::optional<Transazione> transazione;
     std::optional<QSaveFile> bitmap;
     int passiFatti = 0;

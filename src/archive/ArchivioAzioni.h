@@ -50,4 +50,5 @@ bool RegistraDisegno(const Superficie& quadro);
 bool RegistraOggetto();
 
 // Where RegistraDisegno writes the bitmap of a drawing.
-QString PercorsoBitmapDisegno(const QString& nomeCartella, const QString& nomeDisegno);
+QString PercorsoBitmapDisegno(const QString& nomeCartella, int32_t codiceCartella,
+                              const QString& nomeDisegno);

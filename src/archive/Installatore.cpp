@@ -4,9 +4,11 @@
 #include "archive/IstruzioniArchivio.h"
 #include "archive/Schema.h"
 #include "start/MappaErrori.h"
+#include "start/Utilita.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QSqlQuery>
 #include <QUuid>
 
@@ -44,6 +46,15 @@ void CreaCartelle(const QString& radice) {
         if (!QDir().mkpath(radice + '/' + c)) throw ErroreCartellaAssente(radice + '/' + c);
 }
 
+// A new user finds the system folder active and can draw at once.
+void ScriviCartellaAttivaIniziale(const QString& radice) {
+    const QString percorso = PercorsoCartellaAttiva(radice);
+    QSaveFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), percorso);
+    file.write(TestoNumero(1).toLatin1());
+    if (!file.commit()) throw ErroreFile(file.error(), percorso);
+}
+
 void Costruisci(const QString& radice) {
     CreaCartelle(radice);
     CreaArchivio(PercorsoConfigurazione(radice), [](QSqlDatabase& db) {
@@ -68,6 +79,7 @@ void Costruisci(const QString& radice) {
         q.addBindValue(NomiArchivi::CartellaSistemaDisegni);
         Esegui(q);
     });
+    ScriviCartellaAttivaIniziale(radice);
     CreaArchivio(PercorsoArchivioOggetti(radice), [](QSqlDatabase& db) {
         CreaSchemaOggetti(db);
         QSqlQuery q =

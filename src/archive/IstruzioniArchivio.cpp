@@ -307,15 +307,16 @@ QList<RigaArchivio> CartelleObjInOrdineDiCodice() {
 QList<RigaArchivio> CartelleInOrdineDiNome() {
     return Elenco(ArchivioDisegni,
                   QStringLiteral("SELECT CodiceCartella, NomeCartella FROM TabCartelle"
-                                 " ORDER BY NomeCartella COLLATE NOCASE ASC"),
+                                 " ORDER BY NomeCartella COLLATE NOCASE ASC, CodiceCartella ASC"),
                   false);
 }
 
 QList<RigaArchivio> CartelleObjInOrdineDiNome() {
-    return Elenco(ArchivioOggetti,
-                  QStringLiteral("SELECT CodiceCartellaObj, NomeCartellaObj FROM TabCartelleObj"
-                                 " ORDER BY NomeCartellaObj COLLATE NOCASE ASC"),
-                  false);
+    return Elenco(
+        ArchivioOggetti,
+        QStringLiteral("SELECT CodiceCartellaObj, NomeCartellaObj FROM TabCartelleObj"
+                       " ORDER BY NomeCartellaObj COLLATE NOCASE ASC, CodiceCartellaObj ASC"),
+        false);
 }
 
 QList<RigaArchivio> DisegniDellaCartella(int32_t codiceCartella) {

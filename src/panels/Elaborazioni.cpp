@@ -7,6 +7,7 @@
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/GestioneErrori.h"
+#include "start/MappaErrori.h"
 #include "start/MenuGenerale.h"
 #include "start/Numeri.h"
 #include "start/Utilita.h"
@@ -16,8 +17,10 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QPushButton>
+#include <QSqlQuery>
 
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -89,7 +92,8 @@ void RiempiListaImmagini() {
     avanzamento->show();
     PassiAvanzamento = 0;
     AvanzamentoProcesso();
-    File(3000, {QStringLiteral(".jpg"), QStringLiteral(".bmp")});
+    File(3000, {QStringLiteral(".jpg"), QStringLiteral(".bmp"), QStringLiteral(".png"),
+                QStringLiteral(".jpeg")});
     avanzamento->hide();
 }
 
@@ -113,4 +117,114 @@ void RiempiListaDimensioni() {
     SvuotaLista();
     for (int i = 1; i <= 20; ++i)
         Aggiungi(ComponiEtichetta(QString(), 6 + 2 * i, FormatoEtichetta::Numero));
+}
+
+namespace {
+
+int32_t CreaCartella(int16_t sezione, TipoCodice tipo, const QString& connessione,
+                     const QString& istruzione) {
+    int32_t codice = 0;
+    std::optional<Transazione> transazione;
+    int passiFatti = 0;
+    const bool riuscito = EseguiPassi({
+        {sezione,
+         [&] {
+             transazione.emplace(Archivio(connessione));
+             codice = CodiceLiberoMinimo(tipo);
+             QSqlQuery q = Prepara(Archivio(connessione), istruzione);
+             q.addBindValue(codice);
+             q.addBindValue(NomeNuovaCartella);
+             Esegui(q);
+             ++passiFatti;
+         }},
+        {static_cast<int16_t>(sezione + 10),
+         [&] {
+             if (passiFatti != 1 || tipo != TipoCodice::Cartella) return;
+             // The row holds only once the directory is there for its bitmaps.
+             const QString percorso = PercorsoCartellaDisegni(NomeNuovaCartella, codice);
+             if (!QDir().mkpath(percorso)) throw ErroreCartellaAssente(percorso);
+         }},
+        {static_cast<int16_t>(sezione + 20),
+         [&] {
+             if (passiFatti != 1) return;
+             transazione->Conferma();
+             ++passiFatti;
+         }},
+    });
+    return riuscito && passiFatti == 2 ? codice : 0;
+}
+
+bool RimuoviFile(const QString& nome, int64_t indice) {
+    // The path the search found, when the line still names it; a name is
+    // never taken as a path of its own.
+    QString percorso;
+    if (indice >= 1 && indice <= NumeroFile && QFileInfo(ElencoFile.at(indice)).fileName() == nome)
+        percorso = ElencoFile.at(indice);
+    else if (!nome.isEmpty() && !nome.contains(QChar(u'/')) && nome != QStringLiteral("..") &&
+             nome != QStringLiteral("."))
+        percorso = PercorsoFile() + '/' + nome;
+    if (percorso.isEmpty() || !FileEsiste(percorso)) return false;
+    QFile file(percorso);
+    if (!file.remove()) throw ErroreFile(file.error(), percorso, file.errorString());
+    return true;
+}
+
+} // namespace
+
+int32_t CreaCartellaDisegni() {
+    return CreaCartella(2500, TipoCodice::Cartella, ArchivioDisegni,
+                        QStringLiteral("INSERT INTO TabCartelle (CodiceCartella, NomeCartella)"
+                                       " VALUES (?, ?)"));
+}
+
+int32_t CreaCartellaOggetti() {
+    return CreaCartella(3100, TipoCodice::CartellaObj, ArchivioOggetti,
+                        QStringLiteral("INSERT INTO TabCartelleObj (CodiceCartellaObj,"
+                                       " NomeCartellaObj) VALUES (?, ?)"));
+}
+
+bool EliminaVoceLista(const EtichettaLetta& voce) {
+    const int64_t numero = voce.Valore();
+    const bool codiceValido = numero >= 1 && numero <= INT32_MAX;
+    const auto codice = static_cast<int32_t>(codiceValido ? numero : 0);
+    switch (TipoLista) {
+    case 1:
+        if (!codiceValido) return false;
+        EliminaDisegno(codice);
+        QFile::remove(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, voce.Nome));
+        return true;
+    case 2: {
+        if (!codiceValido) return false;
+        EliminaCartella(codice);
+        // Its own directory only: the name is made safe and carries no way out,
+        // and a folder of the same name from an older archive keeps its own.
+        QDir cartella(PercorsoCartellaDisegni(voce.Nome, codice));
+        for (const RigaArchivio& altra : CartelleInOrdineDiCodice())
+            if (PercorsoCartellaDisegni(altra.Nome, altra.Codice) == cartella.path()) return true;
+        if (cartella.exists() && !cartella.removeRecursively())
+            throw ErroreFile(QFileDevice::RemoveError, cartella.path());
+        if (codice == CodiceCartellaAttiva) {
+            CodiceCartellaAttiva = 0;
+            NomeCartellaAttiva.clear();
+        }
+        return true;
+    }
+    case 3:
+        if (!codiceValido) return false;
+        EliminaOggetto(codice);
+        return true;
+    case 4:
+        if (!codiceValido) return false;
+        EliminaCartellaObj(codice);
+        if (codice == CodiceCartellaObjAttiva) {
+            CodiceCartellaObjAttiva = 0;
+            NomeCartellaObjAttiva.clear();
+        }
+        return true;
+    case 5:
+    case 6:
+        return RimuoviFile(voce.Nome, numero);
+    default:
+        return false;
+    }
 }

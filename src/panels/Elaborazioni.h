@@ -15,6 +15,11 @@ inline int16_t NumeroVoci = 0;
 inline QString TitoloLista;
 inline QString VoceScelta;
 
+// The name written for a new folder.
+inline QString NomeNuovaCartella;
+
+struct EtichettaLetta;
+
 void SvuotaLista();
 
 // Drawings of the active folder, working copies left out, by name; an empty
@@ -32,3 +37,14 @@ void RiempiListaTesti();
 void RiempiListaFont();
 // The twenty sizes 8, 10, ... 46.
 void RiempiListaDimensioni();
+
+// A new folder named NomeNuovaCartella, with the lowest free code; a folder of
+// drawings also gets its directory. Returns the code, 0 when it failed.
+int32_t CreaCartellaDisegni();
+int32_t CreaCartellaOggetti();
+
+// Deletes what a line of the list names, by TipoLista: a drawing with its
+// actions and its bitmap, a folder with all it holds (and, for drawings, its
+// directory), a picture or a text file from the disk. False when nothing was
+// there to delete.
+bool EliminaVoceLista(const EtichettaLetta& voce);

@@ -2,6 +2,9 @@
 
 #include "input/IconaSvg.h"
 #include "model/StatoAmbiente.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "panels/QuadroMostraLista.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -80,9 +83,22 @@ void QuadroSettaggiFont::PrimaAttivazione() {
 void QuadroSettaggiFont::ClickTasto(int16_t indice) {
     switch (indice) {
     case 101:
+        ModoCartelle = 0;
+        TipoLista = 7;
+        ScegliDaLista();
+        if (!VoceScelta.isEmpty()) FontCorrente = LeggiEtichetta(VoceScelta).Nome;
+        Riprendi();
+        return;
     case 102:
-        // The names and the sizes come from the list panel, which is not here yet.
-        Bip();
+        ModoCartelle = 0;
+        TipoLista = 8;
+        ScegliDaLista();
+        if (!VoceScelta.isEmpty()) {
+            // A size's label is the bare number.
+            bool numero = false;
+            const int dimensione = LeggiEtichetta(VoceScelta).Nome.toInt(&numero);
+            if (numero && dimensione > 0) DimensioneFontCorrente = dimensione;
+        }
         Riprendi();
         return;
     case 103:

@@ -4,6 +4,9 @@
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "panels/QuadroMostraLista.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -54,12 +57,6 @@ QIcon Icona(const QString& risorsa) {
 QString FormaCartella(const QString& nome, int32_t codice) {
     return nome + QStringLiteral("   [ ") + QStringLiteral("%1").arg(codice, 4, 10, QChar(u'0')) +
            QStringLiteral(" ] ");
-}
-
-QString TestoNumero(int32_t valore) {
-    // A blank stands where a sign would; a blank follows the digits.
-    return (valore < 0 ? QString() : QStringLiteral(" ")) + QString::number(valore) +
-           QStringLiteral(" \r\n");
 }
 
 void ScriviFileCartellaAttiva() {
@@ -206,8 +203,8 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
         PuntatorePredefinito();
         return;
     case 102:
-        // The folder list is not built yet; the key routine restarts the ring.
-        Bip();
+        // The key routine restarts the ring afterwards.
+        ScegliCartella();
         return;
     case 103:
     case 104:
@@ -220,6 +217,24 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
     default:
         return;
     }
+}
+
+void MenuGenerale::ScegliCartella() {
+    TipoLista = 2;
+    ModoCartelle = 2;
+    ScegliDaLista();
+    if (!VoceScelta.isEmpty()) {
+        const EtichettaLetta voce = LeggiEtichetta(VoceScelta);
+        const int64_t codice = voce.Valore();
+        if (codice >= 1 && codice <= INT32_MAX) {
+            CodiceCartellaAttiva = static_cast<int32_t>(codice);
+            NomeCartellaAttiva = voce.Nome;
+        }
+    }
+    // The active folder may also have been deleted in the list.
+    ScrittaCartellaAttiva->setText(CodiceCartellaAttiva != 0
+                                       ? FormaCartella(NomeCartellaAttiva, CodiceCartellaAttiva)
+                                       : QString());
 }
 
 void MenuGenerale::RoutineTastoGiu(int codice, int modificatori) {

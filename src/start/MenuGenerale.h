@@ -16,7 +16,6 @@ inline QString NomeCartellaAttiva;
 // least four digits, then " ] ".
 QString FormaCartella(const QString& nome, int32_t codice);
 // "CartellaZanto.Crt": the code as the program prints a number, one line.
-QString TestoNumero(int32_t valore);
 void ScriviFileCartellaAttiva();
 
 // The first screen: five big buttons, the logo and the active folder.
@@ -37,6 +36,7 @@ public:
 private:
     void TastoMenùZanto_Click(int16_t indice);
     void LeggiCartellaAttiva();
+    void ScegliCartella();
     void Riprendi();
 };
 

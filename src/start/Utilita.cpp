@@ -99,3 +99,40 @@ QString PulisciTesto(const QString& testo) {
         --fine;
     return risultato.mid(inizio, fine - inizio);
 }
+
+QString TestoNumero(int32_t valore) {
+    return (valore < 0 ? QString() : QStringLiteral(" ")) + QString::number(valore) +
+           QStringLiteral(" \r\n");
+}
+
+QString NomeSicuro(const QString& nome, int64_t codice) {
+    // "_" and "~" cannot be written on the keyboard: a name holding them is
+    // changed too, so that only a changed name ever carries them.
+    static const QString vietati = QStringLiteral("/\\:*?\"<>|_~");
+    constexpr qsizetype massimo = 60;
+    QString sicuro;
+    sicuro.reserve(nome.size());
+    for (const QChar c : nome)
+        sicuro.append(c.unicode() < 32 || c.unicode() == 127 || vietati.contains(c) ? QChar(u'_')
+                                                                                    : c);
+    // Hidden files, "." and "..", and ends that some file systems drop.
+    if (sicuro.startsWith(QChar(u'.'))) sicuro[0] = QChar(u'_');
+    while (!sicuro.isEmpty() && (sicuro.endsWith(QChar(u'.')) || sicuro.endsWith(QChar(u' '))))
+        sicuro.chop(1);
+    if (sicuro.size() > massimo) sicuro.truncate(massimo);
+    if (sicuro == nome && !sicuro.isEmpty()) return sicuro;
+    return sicuro + QChar(u'~') + QString::number(codice);
+}
+
+QString ChiaveNome(const QString& nome) {
+    const QString scomposto = nome.normalized(QString::NormalizationForm_D);
+    QString chiave;
+    chiave.reserve(scomposto.size());
+    for (const QChar c : scomposto)
+        if (c.category() != QChar::Mark_NonSpacing) chiave.append(c);
+    return chiave.toCaseFolded();
+}
+
+bool StessoNome(const QString& a, const QString& b) {
+    return ChiaveNome(a) == ChiaveNome(b);
+}

@@ -25,3 +25,17 @@ void RicercaFile();
 
 // A user's text line with runs of blanks made one, line ends dropped, trimmed.
 QString PulisciTesto(const QString& testo);
+
+// A number as the program prints it into a file: a blank where a sign would
+// stand, the digits, a blank, then the line end.
+QString TestoNumero(int32_t valore);
+
+// A name the user wrote, made fit to be one file or directory name: no
+// separators, nothing a file system refuses, never "." or "..", bounded in
+// length. A name that had to change carries its code, so that two names never
+// end in one file; a name that is fit already stays as it is.
+QString NomeSicuro(const QString& nome, int64_t codice);
+
+// Names as the user sees them: "Città", "citta" and "CITTÀ" are one name.
+QString ChiaveNome(const QString& nome);
+bool StessoNome(const QString& a, const QString& b);

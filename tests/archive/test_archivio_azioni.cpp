@@ -234,7 +234,8 @@ void TestArchivioAzioni::disegno_vuoto_salva_la_riga_senza_azioni() {
     QCOMPARE(CodiceDisegnoCorrente, 1);
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 1);
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
-    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, QStringLiteral("Bianco"))));
+    QVERIFY(QFile::exists(
+        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, QStringLiteral("Bianco"))));
 }
 
 void TestArchivioAzioni::nuovo_disegno_prende_il_codice_libero_e_passa_allo_stato_1() {
@@ -301,8 +302,10 @@ void TestArchivioAzioni::registra_come_nuovo_fa_un_secondo_disegno() {
     QCOMPARE(TestaDisegno(1).Nome, QStringLiteral("Prima"));
     QCOMPARE(TestaDisegno(2).Nome, QStringLiteral("Seconda"));
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 14);
-    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, QStringLiteral("Prima"))));
-    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, QStringLiteral("Seconda"))));
+    QVERIFY(QFile::exists(
+        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, QStringLiteral("Prima"))));
+    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                                QStringLiteral("Seconda"))));
 }
 
 void TestArchivioAzioni::bitmap_si_rilegge_con_le_misure_e_i_pixel_del_quadro() {
@@ -329,7 +332,8 @@ void TestArchivioAzioni::bitmap_si_rilegge_con_le_misure_e_i_pixel_del_quadro() 
     QVERIFY(RegistraDisegno(quadro));
     const QString percorso =
         QDir(RadiceDati).filePath(QStringLiteral("Disegni/·Disegni Generale/Quadrato.bmp"));
-    QCOMPARE(PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente), percorso);
+    QCOMPARE(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente),
+             percorso);
     QImageReader lettore(percorso);
     QCOMPARE(lettore.format(), QByteArray("bmp"));
     const QImage letta = lettore.read();
@@ -350,10 +354,12 @@ void TestArchivioAzioni::bitmap_vecchia_sostituita_dalla_nuova() {
     quadro.ImpostaBackColor(0xFF0000);
     RegistraComeNuovo = 0;
     QVERIFY(RegistraDisegno(quadro));
-    const QString percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente);
+    const QString percorso =
+        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente);
     QCOMPARE(Colore(QImage(percorso), 10, 10), 0xFF0000);
     const QStringList resti =
-        QDir(PercorsoCartellaDisegni(NomeCartellaAttiva)).entryList(QDir::Files);
+        QDir(PercorsoCartellaDisegni(NomeCartellaAttiva, CodiceCartellaAttiva))
+            .entryList(QDir::Files);
     QCOMPARE(resti, QStringList{QStringLiteral("Cielo.bmp")});
 }
 
@@ -366,7 +372,8 @@ void TestArchivioAzioni::nome_con_apostrofo_salvato_e_ritrovato() {
     NomeDisegnoCorrente = QStringLiteral("L'isola d'Elba");
     QVERIFY(RegistraDisegno(quadro));
     QCOMPARE(CercaNomeDisegno(QStringLiteral("L'isola d'Elba"), 1), CodiceDisegnoCorrente);
-    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente)));
+    QVERIFY(QFile::exists(
+        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente)));
 }
 
 void TestArchivioAzioni::cartella_mancante_sul_disco_non_lascia_nulla_nell_archivio() {
@@ -745,7 +752,8 @@ void TestArchivioAzioni::nan_nel_salvataggio_di_un_disegno_non_lascia_nulla() {
     QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("Overflow nel campo XCentro")));
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
-    QVERIFY(!QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, NomeDisegnoCorrente)));
+    QVERIFY(!QFile::exists(
+        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente)));
     QCOMPARE(StatoDisegno, int16_t(2));
 }
 

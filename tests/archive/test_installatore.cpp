@@ -87,7 +87,13 @@ private slots:
         QVERIFY(QFile::exists(PercorsoConfigurazione()));
         QVERIFY(QFile::exists(PercorsoArchivioDisegni()));
         QVERIFY(QFile::exists(PercorsoArchivioOggetti()));
-        QVERIFY(!QFile::exists(PercorsoCartellaAttiva()));
+    }
+
+    void il_sistema_dei_disegni_e_la_cartella_attiva_di_un_nuovo_utente() {
+        AmbienteProva amb;
+        QFile file(PercorsoCartellaAttiva());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray(" 1 \r\n"));
     }
 
     void la_configurazione_ha_una_riga_con_i_valori_iniziali() {

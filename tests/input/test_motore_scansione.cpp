@@ -192,8 +192,17 @@ private slots:
         QCOMPARE(Anello(m), int16_t(102));
         // The menu keeps no default flag in mode 3: Enter is the choice key here.
         QCOMPARE(TastoPredefinito(*m), int16_t(0));
-        QVERIFY(PremiTasto(Qt::Key_Return)); // "Cartelle": beeps
-        QCOMPARE(ContatoreBip, 1);
+        // "Cartelle" opens the list; there the scan key walks to "back" (125).
+        Copione c(*orologio);
+        for (int i = 101; i < 125; ++i)
+            c.Tasto(Qt::Key_Space);
+        c.Tasto(Qt::Key_Return);
+        c.Avvia();
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(c.Finito());
+        QVERIFY(c.Problemi.isEmpty());
+        QCOMPARE(FormScansione::InPrimoPiano(), m);
+        QCOMPARE(Anello(m), int16_t(102));
     }
 
     void modo_3_invio_aziona_il_tasto_corrente_per_il_flag_predefinito() {

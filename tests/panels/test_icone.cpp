@@ -29,6 +29,8 @@ QStringList IconePannelli() {
           "font-scelta", "font-dimensione", "grassetto-si", "grassetto-no", "corsivo-si",
           "corsivo-no"})
         nomi << QStringLiteral(":/icone/pannelli/%1.svg").arg(QLatin1String(n));
+    for (const char* n : {"su", "giu", "conferma", "nuova-cartella", "elimina", "indietro"})
+        nomi << QStringLiteral(":/icone/lista/%1.svg").arg(QLatin1String(n));
     return nomi;
 }
 

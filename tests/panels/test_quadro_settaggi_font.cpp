@@ -1,6 +1,8 @@
 // The font panel, opened as the text and settings panels open it and driven by keys.
 #include "input/IconaSvg.h"
 #include "model/StatoAmbiente.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSettaggiFont.h"
 #include "start/Bip.h"
@@ -178,46 +180,58 @@ private slots:
         QCOMPARE(ContatoreBip, 0);
     }
 
-    void nome_e_dimensione_suonano_e_l_anello_riparte_nel_modo_1() {
+    void nome_e_dimensione_dalla_lista_e_l_anello_riparte_nel_modo_1() {
         ModalitàFunzionamento = 1;
-        QList<int> bip;
+        RiempiListaFont();
+        QVERIFY(NumeroVoci >= 2);
+        const QString primo = LeggiEtichetta(VociLista.at(1)).Nome;
+        QStringList titoli;
         QList<int16_t> giro;
         Copione c(*orologio);
-        auto nota = [&] {
-            bip << ContatoreBip;
-            giro << Quadro()->Motore.TastoCorrente;
-        };
-        c.Tasto(Qt::Key_Return).Esegui(nota); // on 101
-        c.Attendi(1000).Esegui(nota);         // the ring goes on from 101
-        c.Tasto(Qt::Key_Return).Esegui(nota); // on 102
-        c.Attendi(1000).Esegui(nota);
-        c.Attendi(2000).Tasto(Qt::Key_Return); // 105
+        auto titolo = [&] { titoli << FormScansione::InPrimoPiano()->windowTitle(); };
+        auto nota = [&] { giro << Quadro()->Motore.TastoCorrente; };
+        c.Tasto(Qt::Key_Return).Esegui(titolo); // 101: the list of fonts
+        // Line 101 picked; the ring walks on from there to confirm (122).
+        c.Tasto(Qt::Key_Return).Attendi(21 * 1000).Tasto(Qt::Key_Return);
+        c.Esegui(nota).Attendi(1000).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(titolo); // 102: the list of sizes
+        c.Attendi(1000).Tasto(Qt::Key_Return);  // line 102, "10"
+        c.Attendi(20 * 1000).Tasto(Qt::Key_Return);
+        c.Esegui(nota).Attendi(3000).Esegui(nota).Tasto(Qt::Key_Return); // 105
         QVERIFY(Apri(c));
         QVERIFY(c.Problemi.isEmpty());
-        QCOMPARE(bip, (QList<int>{1, 1, 2, 2}));
-        QCOMPARE(giro, (QList<int16_t>{101, 102, 102, 103}));
-        QCOMPARE(FontCorrente, QStringLiteral("Times New Roman"));
-        QCOMPARE(DimensioneFontCorrente, int32_t(12));
+        QCOMPARE(titoli, (QStringList{"Programma «ZANTO» - Scelta Fonts",
+                                      "Programma «ZANTO» - Scelta Dimensione Carattere"}));
+        QCOMPARE(giro, (QList<int16_t>{101, 102, 102, 105}));
+        QCOMPARE(FontCorrente, primo);
+        QCOMPARE(DimensioneFontCorrente, int32_t(10));
+        QCOMPARE(ContatoreBip, 0);
         QCOMPARE(orologio->InAttesa(), 0);
     }
 
-    void nome_e_dimensione_suonano_e_l_anello_resta_nel_modo_3() {
+    void indietro_dalla_lista_lascia_nome_e_dimensione_nel_modo_3() {
         ModalitàFunzionamento = 3;
-        int bip = -1;
         int inAttesa = -1;
         int16_t corrente = 0;
         Copione c(*orologio);
-        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Space).Tasto(Qt::Key_Return).Attendi(5000);
-        c.Esegui([&] {
-            bip = ContatoreBip;
+        // In the list the scan key walks from 101 to back (125).
+        c.Tasto(Qt::Key_Return);
+        for (int i = 101; i < 125; ++i)
+            c.Tasto(Qt::Key_Space);
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Space).Tasto(Qt::Key_Return);
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Return).Tasto(Qt::Key_Return); // "10", confirm
+        c.Attendi(5000).Esegui([&] {
             inAttesa = orologio->InAttesa();
             corrente = Quadro()->Motore.TastoCorrente;
         });
         c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Return);
         QVERIFY(Apri(c));
-        QCOMPARE(bip, 2);
+        QVERIFY(c.Problemi.isEmpty());
         QCOMPARE(inAttesa, 0);
         QCOMPARE(corrente, int16_t(102));
+        QCOMPARE(FontCorrente, QStringLiteral("Times New Roman"));
+        QCOMPARE(DimensioneFontCorrente, int32_t(10));
+        QCOMPARE(ContatoreBip, 0);
     }
 
     void nel_modo_2_dopo_il_grassetto_l_anello_riprende_nel_suo_verso() {

@@ -2,9 +2,11 @@
 #include "archive/Archivi.h"
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
+#include "panels/Elaborazioni.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
+#include "start/Utilita.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
@@ -97,7 +99,7 @@ private slots:
     }
 
     void primo_avvio_senza_file_l_etichetta_e_vuota_e_disegno_da_il_messaggio() {
-        QVERIFY(!QFile::exists(PercorsoCartellaAttiva()));
+        QVERIFY(QFile::remove(PercorsoCartellaAttiva()));
         MenuGenerale* m = Menu(1);
         QCOMPARE(m->ScrittaCartellaAttiva->text(), QString());
         QCOMPARE(CodiceCartellaAttiva, 0);
@@ -170,9 +172,10 @@ private slots:
         QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
-    void cartelle_informazioni_configurazioni_suonano_e_il_menu_resta() {
+    void informazioni_e_configurazioni_suonano_e_il_menu_resta() {
         MenuGenerale* m = Menu(4);
-        for (int i = 1; i <= 3; ++i) {
+        QVERIFY(PremiTasto(Qt::Key_Right));
+        for (int i = 1; i <= 2; ++i) {
             QVERIFY(PremiTasto(Qt::Key_Right));
             QVERIFY(PremiTasto(Qt::Key_Return));
             QCOMPARE(ContatoreBip, i);
@@ -180,23 +183,61 @@ private slots:
         }
     }
 
-    void cartelle_in_modo_1_riparte_dalla_routine_dei_tasti() {
+    void cartelle_in_modo_1_apre_la_lista_e_al_ritorno_l_anello_riparte() {
         MenuGenerale* m = Menu(1);
         orologio->Avanza(1000);
+        QString titolo;
+        Copione c(*orologio);
+        c.Esegui([&] { titolo = FormScansione::InPrimoPiano()->windowTitle(); });
+        // From line 101 to "back" (125): twenty-four dwells, then the pick.
+        c.Attendi(24 * 1000).Tasto(Qt::Key_Return);
+        c.Avvia();
         QVERIFY(PremiTasto(Qt::Key_Return));
-        QCOMPARE(ContatoreBip, 1);
+        QVERIFY(c.Finito());
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO» - Scelta Cartella Disegni"));
+        QCOMPARE(FormScansione::InPrimoPiano(), m);
         QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
         orologio->Avanza(1000);
         QCOMPARE(m->Motore.TastoCorrente, int16_t(103));
     }
 
-    void cartelle_lascia_la_cartella_e_il_file_come_erano() {
+    void cartelle_indietro_lascia_la_cartella_e_il_file_come_erano() {
         ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
-        Menu(4);
+        AggiungiCartella(7, QStringLiteral("Scuola"));
+        MenuGenerale* m = Menu(4);
+        Copione c(*orologio);
+        // Back from line 101 to 100, then round to 125.
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Return);
+        c.Avvia();
         QVERIFY(PremiTasto(Qt::Key_Right));
         QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(c.Finito());
+        QCOMPARE(VoceScelta, QString());
         QCOMPARE(CodiceCartellaAttiva, 1);
+        QCOMPARE(m->ScrittaCartellaAttiva->text(),
+                 FormaCartella(NomiArchivi::CartellaSistemaDisegni, 1));
         QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 1 \r\n"));
+    }
+
+    void cartelle_sceglie_la_cartella_attiva_che_esci_scrive() {
+        ScriviFile(PercorsoCartellaAttiva(), " 1 \r\n");
+        AggiungiCartella(7, QStringLiteral("Scuola dell'Anna"));
+        MenuGenerale* m = Menu(4);
+        Copione c(*orologio);
+        // "Scuola dell'Anna" stands before "·Disegni Generale": line 101, then confirm.
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+        c.Avvia();
+        QVERIFY(PremiTasto(Qt::Key_Right));
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(c.Finito());
+        QCOMPARE(CodiceCartellaAttiva, 7);
+        QCOMPARE(NomeCartellaAttiva, QStringLiteral("Scuola dell'Anna"));
+        QCOMPARE(m->ScrittaCartellaAttiva->text(), QStringLiteral("Scuola dell'Anna   [ 0007 ] "));
+        // Not written until "Esci".
+        QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 1 \r\n"));
+        QTest::mouseClick(m->Tasti.value(105), Qt::LeftButton);
+        QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 7 \r\n"));
     }
 
     void clic_su_sfondo_etichette_e_logo_suonano_soltanto() {
@@ -243,10 +284,11 @@ private slots:
     }
 
     void la_cartella_scelta_si_perde_se_non_si_esce_con_esci() {
+        AggiungiCartella(7, QStringLiteral("Scuola"));
         Menu(4);
-        CodiceCartellaAttiva = 1; // as the folder list would leave it
+        CodiceCartellaAttiva = 7; // as the folder list would leave it
         DistruggiMenùGenerale();  // the run ends some other way
-        QVERIFY(!QFile::exists(PercorsoCartellaAttiva()));
+        QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 1 \r\n"));
     }
 
     void il_numero_si_scrive_come_lo_stampa_il_programma() {

@@ -51,7 +51,8 @@ private slots:
                  4);
         QFile crt(PercorsoCartellaAttiva());
         QVERIFY(crt.open(QIODevice::ReadOnly));
-        QCOMPARE(crt.readAll(), QByteArray(" 0 \r\n"));
+        // A new user starts in the system folder, and leaves it active.
+        QCOMPARE(crt.readAll(), QByteArray(" 1 \r\n"));
     }
 };
 

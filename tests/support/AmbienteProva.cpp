@@ -11,6 +11,8 @@
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
+#include "panels/Elaborazioni.h"
+#include "panels/QuadroMostraLista.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
@@ -58,6 +60,15 @@ void RipristinaGlobali() {
     EsitoQuadroMessaggi = 0;
     // model and archive: add their globals here as they come.
     AzzeraStatoAmbiente();
+    // panels
+    TipoLista = 0;
+    ModoCartelle = 0;
+    SvuotaLista();
+    TitoloLista.clear();
+    VoceScelta.clear();
+    NomeNuovaCartella.clear();
+    for (int16_t& abilita : AbilitaTastiLista)
+        abilita = 0;
     DirezioneScelta = 0;
     RibaltamentoScelto = 0;
     SpostaIconaMirino = nullptr;

@@ -1,0 +1,388 @@
+#include "panels/QuadroMostraLista.h"
+
+#include "input/IconaSvg.h"
+#include "input/QuadroMessaggi.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
+#include "start/Misure.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+
+const QString& TitoloDi(int16_t tipo) {
+    static const QString titoli[9] = {
+        QString(),
+        QStringLiteral("Programma «ZANTO» - Scelta Disegno"),
+        QStringLiteral("Programma «ZANTO» - Scelta Cartella Disegni"),
+        QStringLiteral("Programma «ZANTO» - Scelta Oggetto"),
+        QStringLiteral("Programma «ZANTO» - Scelta Cartella Oggetti"),
+        QStringLiteral("Programma «ZANTO» - Scelta Immagine"),
+        QStringLiteral("Programma «ZANTO» - Scelta File di Testo (Rtf)"),
+        QStringLiteral("Programma «ZANTO» - Scelta Fonts"),
+        QStringLiteral("Programma «ZANTO» - Scelta Dimensione Carattere"),
+    };
+    return titoli[tipo >= 1 && tipo <= 8 ? tipo : 0];
+}
+
+// The face of the lines: fixed pitch, so that the brackets stand in one column.
+QFont CarattereRiga(int16_t tipo, const QString& etichetta) {
+    if (tipo == 7) return QFont(LeggiEtichetta(etichetta).Nome, 11);
+    QFont f(QStringLiteral("Lucida Console"), tipo == 8 ? 15 : 9);
+    f.setStyleHint(QFont::TypeWriter);
+    f.setFixedPitch(true);
+    f.setBold(true);
+    return f;
+}
+
+QStringList PrimaDomanda(int16_t tipo) {
+    const QString attenzione = QStringLiteral("ATTENZIONE!");
+    switch (tipo) {
+    case 1:
+        return {QStringLiteral("ELIMINARE il Disegno Selezionato?"), attenzione,
+                QStringLiteral("Il Disegno verrà definitivamente cancellato!")};
+    case 2:
+        return {QStringLiteral("ELIMINARE la Cartella Selezionata?"), attenzione,
+                QStringLiteral("Tutti i Disegni in essa contenuti verranno"),
+                QStringLiteral("definitivamente cancellati!")};
+    case 3:
+        return {QStringLiteral("ELIMINARE l'Oggetto selezionato?"), attenzione,
+                QStringLiteral("L'Oggetto verrà definitivamente cancellato!")};
+    case 4:
+        return {QStringLiteral("ELIMINARE la Cartella Selezionata?"), attenzione,
+                QStringLiteral("Tutti gli Oggetti in essa contenuti verranno"),
+                QStringLiteral("definitivamente cancellati!")};
+    case 5:
+        return {QStringLiteral("ELIMINARE il File Immagine selezionato?"), attenzione,
+                QStringLiteral("Il File Immagine verrà definitivamente cancellato!")};
+    case 6:
+        return {QStringLiteral("ELIMINARE il File di Testo selezionato?"), attenzione,
+                QStringLiteral("Il File di Testo verrà definitivamente cancellato!")};
+    default:
+        return {};
+    }
+}
+
+QStringList SecondaDomanda(int16_t tipo) {
+    QStringList righe = {QStringLiteral("ATTENZIONE!"),
+                         QStringLiteral("Conferma definitiva di cancellazione")};
+    switch (tipo) {
+    case 1:
+        righe << QStringLiteral("del Disegno selezionato.");
+        break;
+    case 2:
+        righe << QStringLiteral("della Cartella selezionata.")
+              << QStringLiteral("TUTTI i Disegni in essa contenuti")
+              << QStringLiteral("verranno totalmente eliminati!");
+        break;
+    case 3:
+        righe << QStringLiteral("dell'Oggetto selezionato.");
+        break;
+    case 4:
+        righe << QStringLiteral("della Cartella selezionata.")
+              << QStringLiteral("TUTTI gli Oggetti in essa contenuti")
+              << QStringLiteral("verranno totalmente eliminati!");
+        break;
+    case 5:
+        righe << QStringLiteral("del File Immagine selezionato.");
+        break;
+    case 6:
+        righe << QStringLiteral("del File di Testo selezionato.");
+        break;
+    default:
+        break;
+    }
+    righe << QStringLiteral("Premere «OK» per cancellare o")
+          << QStringLiteral("«Annulla» per abbandonare!");
+    return righe;
+}
+
+} // namespace
+
+QuadroMostraLista::QuadroMostraLista(QWidget* genitore) : FormScansione(100, 125, genitore) {
+    setObjectName(QStringLiteral("QuadroMostraLista"));
+    setFixedSize(Px(6405), Px(9240));
+    InformaAmbiente = true;
+    QList<DefinizioneTasto> tabella;
+    tabella.append({100, 0, 90, 6405, 315, QString(), QStringLiteral("Riga Precedente")});
+    for (int16_t i = 101; i <= 120; ++i)
+        tabella.append({i, 0, 405 + 315 * (i - 101), 6405, 315, QString(), QString()});
+    tabella.append({121, 0, 6705, 6405, 315, QString(), QStringLiteral("Riga Successiva")});
+    tabella.append({122, 0, 7020, 6405, 555, QString(), QStringLiteral("Conferma la Scelta")});
+    tabella.append({123, 0, 7575, 6405, 555, QString(), QStringLiteral("Nuova Cartella")});
+    tabella.append({124, 0, 8130, 6405, 555, QString(), QStringLiteral("Elimina")});
+    tabella.append(
+        {125, 0, 8685, 6405, 555, QString(), QStringLiteral("Indietro senza Scegliere")});
+    // No rings here: the highlight is the background of the button itself.
+    CreaTasti(tabella, 0);
+    ImpostaIcona(Tasti.value(100), QStringLiteral(":/icone/lista/su.svg"));
+    ImpostaIcona(Tasti.value(121), QStringLiteral(":/icone/lista/giu.svg"));
+    ImpostaIcona(Tasti.value(122), QStringLiteral(":/icone/lista/conferma.svg"));
+    ImpostaIcona(Tasti.value(123), QStringLiteral(":/icone/lista/nuova-cartella.svg"));
+    ImpostaIcona(Tasti.value(124), QStringLiteral(":/icone/lista/elimina.svg"));
+    ImpostaIcona(Tasti.value(125), QStringLiteral(":/icone/lista/indietro.svg"));
+    for (int16_t i = 100; i <= 125; ++i)
+        ColoraTasto(i, ColoreNormale);
+}
+
+uint32_t QuadroMostraLista::ColoreTasto(int16_t indice) const {
+    return colori_.value(indice, ColoreNormale);
+}
+
+void QuadroMostraLista::ColoraTasto(int16_t indice, uint32_t rgb) {
+    TastoZanto* tasto = Tasti.value(indice);
+    if (tasto == nullptr || colori_.value(indice, 0x1000000) == rgb) return;
+    colori_.insert(indice, rgb);
+    // A style of its own: the platform's style would paint over the colour.
+    tasto->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: black;"
+                                        " border: 1px solid #808080; text-align: left;"
+                                        " padding: 0px 4px; }"
+                                        " QPushButton:disabled { color: #808080; }")
+                             .arg(ColoreRGB(rgb).name()));
+}
+
+void QuadroMostraLista::AttivaQuadroMostraLista() {
+    SezioneCorrente = 2200;
+    setWindowIcon(IconaSvg(QStringLiteral(":/logo-zanto.svg"), QSize(32, 32)));
+    setWindowTitle(TitoloLista);
+    for (int16_t i = 100; i <= 125; ++i) {
+        Tasti.value(i)->setText(QString());
+        Tasti.value(i)->Predefinito = false;
+        ColoraTasto(i, ColoreNormale);
+    }
+    RigaScelta = 0;
+    Motore.TastoCorrente = 101;
+    AggiornaCorone();
+    if (NumeroVoci > 0) PrimaVoceVisibile = 1;
+    RiempiRighe();
+    Tasti.value(123)->setEnabled(AbilitaTastiLista[1] == 1);
+    Tasti.value(124)->setEnabled(AbilitaTastiLista[2] == 1);
+    SezioneCorrente = 2290;
+}
+
+void QuadroMostraLista::RiempiRighe() {
+    for (int16_t i = 1; i <= 20 && i <= NumeroVoci; ++i) {
+        const QString& voce = VociLista.at(i - 1 + PrimaVoceVisibile);
+        TastoZanto* tasto = Tasti.value(static_cast<int16_t>(100 + i));
+        tasto->setFont(CarattereRiga(TipoLista, voce));
+        tasto->setText(voce);
+        tasto->setAccessibleName(LeggiEtichetta(voce).Nome);
+    }
+}
+
+void QuadroMostraLista::AggiornaCorone() {
+    for (int16_t i = 100; i <= 125; ++i) {
+        Tasti.value(i)->Predefinito = false;
+        ColoraTasto(i, i == RigaScelta ? ColoreScelta : ColoreNormale);
+    }
+    // The highlight last: a picked line under it shows the highlight.
+    const int16_t corrente = Motore.TastoCorrente;
+    ColoraTasto(corrente, ColoreEvidenza);
+    if (ModalitàFunzionamento == 3 || ModalitàFunzionamento == 4) ImpostaPredefinito(corrente);
+    if (AvvisoComandoAmbiente)
+        if (TastoZanto* tasto = Tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
+}
+
+void QuadroMostraLista::RoutineTastoGiu(int codice, int modificatori) {
+    // A pick reaches its button even when the button is disabled.
+    if (codice == CodiciTasto::Invio)
+        for (TastoZanto* tasto : std::as_const(Tasti))
+            if (tasto->Predefinito) {
+                ClickTasto(tasto->Indice());
+                return;
+            }
+    Motore.RoutineTasti(codice, modificatori);
+}
+
+void QuadroMostraLista::Riprendi() {
+    if (isVisible() && (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2))
+        Motore.AvviaScansione();
+}
+
+void QuadroMostraLista::ClickTasto(int16_t indice) {
+    if (indice == 100) {
+        Su();
+    } else if (indice >= 101 && indice <= 120) {
+        Riga(indice);
+    } else if (indice == 121) {
+        Giu();
+    } else if (indice == 122) {
+        Conferma();
+        return;
+    } else if (indice == 123) {
+        NuovaCartella();
+    } else if (indice == 124) {
+        Elimina();
+    } else if (indice == 125) {
+        VoceScelta.clear();
+        Motore.FermaScansione();
+        done(0);
+        return;
+    }
+    Riprendi();
+}
+
+void QuadroMostraLista::Su() {
+    if (PrimaVoceVisibile > 1) {
+        --PrimaVoceVisibile;
+        RiempiRighe();
+    } else {
+        Bip();
+    }
+}
+
+void QuadroMostraLista::Giu() {
+    if (NumeroVoci < 21 || PrimaVoceVisibile + 20 > NumeroVoci) {
+        Bip();
+        return;
+    }
+    ++PrimaVoceVisibile;
+    RiempiRighe();
+}
+
+void QuadroMostraLista::Riga(int16_t indice) {
+    if (Tasti.value(indice)->text().trimmed().isEmpty()) {
+        Bip();
+        return;
+    }
+    if (RigaScelta == indice) {
+        RigaScelta = 0;
+        AggiornaCorone();
+        return;
+    }
+    RigaScelta = indice;
+    // With keys that fire and step by hand the next pick is the confirm.
+    if (ModalitàFunzionamento == 3 || ModalitàFunzionamento == 4) Motore.TastoCorrente = 122;
+    AggiornaCorone();
+}
+
+void QuadroMostraLista::Conferma() {
+    if (RigaScelta == 0) {
+        Bip();
+        Riprendi();
+        return;
+    }
+    VoceScelta = Tasti.value(RigaScelta)->text();
+    Motore.FermaScansione();
+    done(1);
+}
+
+void QuadroMostraLista::NuovaCartella() {
+    Bip();
+}
+
+void QuadroMostraLista::DopoCambio() {
+    AttivaQuadroMostraLista();
+    repaint();
+}
+
+void QuadroMostraLista::Elimina() {
+    if (RigaScelta == 0) {
+        Bip();
+        return;
+    }
+    const EtichettaLetta voce = LeggiEtichetta(Tasti.value(RigaScelta)->text());
+    if ((TipoLista == 2 || TipoLista == 4) && voce.Valore() == 1) {
+        Bip();
+        ParcheggiaMouse();
+        Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                         QStringLiteral("E' impossibile eliminare la Cartella di Sistema"),
+                         TipoLista == 2 ? QStringLiteral("denominata «·Disegni Generale».")
+                                        : QStringLiteral("denominata «·Oggetti Generale»."),
+                         QStringLiteral("Premere «OK» per continuare!")}),
+                  1, 1);
+        return;
+    }
+    // A list with nothing to delete asks all the same, with the last text shown.
+    const QStringList prima = PrimaDomanda(TipoLista);
+    if (!prima.isEmpty()) TestoQuadroMessaggi = Righe(prima);
+    TipoQuadroMessaggi = 2;
+    TastoPredefinitoQuadroMessaggi = 3;
+    ParcheggiaMouse();
+    if (MostraQuadroMessaggi() == 3) return;
+    ParcheggiaMouse();
+    if (Messaggio(Righe(SecondaDomanda(TipoLista)), 2, 3) == 3) return;
+    bool eliminato = false;
+    EseguiPassi({{2280, [&] { eliminato = EliminaVoceLista(voce); }}});
+    // A file gone since the list was read: nothing to delete, say so by a beep.
+    if (!eliminato && TipoLista >= 1 && TipoLista <= 6) Bip();
+    switch (TipoLista) {
+    case 1:
+        RiempiListaDisegni();
+        break;
+    case 2:
+        RiempiListaCartelle();
+        break;
+    case 3:
+        RiempiListaOggetti();
+        break;
+    case 4:
+        RiempiListaCartelleObj();
+        break;
+    case 5:
+        RiempiListaImmagini();
+        break;
+    case 6:
+        RiempiListaTesti();
+        break;
+    default:
+        break;
+    }
+    DopoCambio();
+}
+
+void ScegliDaLista() {
+    SvuotaLista();
+    AbilitaTastiLista[1] = AbilitaTastiLista[2] = AbilitaTastiLista[3] = 0;
+    TitoloLista = TitoloDi(TipoLista);
+    const bool gestione = ModoCartelle == 2;
+    switch (TipoLista) {
+    case 1:
+        AbilitaTastiLista[2] = 1;
+        RiempiListaDisegni();
+        break;
+    case 2:
+        AbilitaTastiLista[1] = gestione ? 1 : 0;
+        AbilitaTastiLista[2] = 1;
+        RiempiListaCartelle();
+        break;
+    case 3:
+        AbilitaTastiLista[2] = 1;
+        RiempiListaOggetti();
+        break;
+    case 4:
+        AbilitaTastiLista[1] = gestione ? 1 : 0;
+        AbilitaTastiLista[2] = 1;
+        RiempiListaCartelleObj();
+        break;
+    case 5:
+        AbilitaTastiLista[2] = 1;
+        RiempiListaImmagini();
+        break;
+    case 6:
+        AbilitaTastiLista[2] = 1;
+        RiempiListaTesti();
+        break;
+    case 7:
+        RiempiListaFont();
+        break;
+    case 8:
+        RiempiListaDimensioni();
+        break;
+    default:
+        break;
+    }
+    FormScansione* sotto = FormScansione::InPrimoPiano();
+    QuadroMostraLista quadro;
+    quadro.AttivaQuadroMostraLista();
+    // In the middle of the screen it opens above, or of the display.
+    const QRect area = sotto != nullptr ? sotto->frameGeometry()
+                                        : QGuiApplication::primaryScreen()->availableGeometry();
+    quadro.move(area.center() - quadro.rect().center());
+    quadro.exec();
+    if (sotto != nullptr && FormScansione::InPrimoPiano() == sotto) sotto->repaint();
+}

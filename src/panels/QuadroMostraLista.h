@@ -1,0 +1,49 @@
+#pragma once
+
+#include "input/FormScansione.h"
+
+#include <cstdint>
+
+// (1) lets the New button act, (2) the Delete button; (3) is kept and unread.
+inline int16_t AbilitaTastiLista[4] = {0, 0, 0, 0};
+
+// The one chooser of the program: twenty lines of the list at a time, up and
+// down by one line, confirm, new folder, delete, back. The highlight is the
+// background of the button under it; there are no rings.
+class QuadroMostraLista : public FormScansione {
+public:
+    explicit QuadroMostraLista(QWidget* genitore = nullptr);
+
+    void AttivaQuadroMostraLista();
+
+    void AggiornaCorone() override;
+    void ClickTasto(int16_t indice) override;
+    void RoutineTastoGiu(int codice, int modificatori) override;
+
+    int16_t RigaScelta = 0; // 0, or the line 101..120 picked
+    int16_t PrimaVoceVisibile = 1;
+
+    static constexpr uint32_t ColoreNormale = 0xC0C0C0;
+    static constexpr uint32_t ColoreScelta = 0xFFFF00;
+    static constexpr uint32_t ColoreEvidenza = 0xC0FFFF;
+    // The background a button shows now.
+    uint32_t ColoreTasto(int16_t indice) const;
+
+private:
+    void RiempiRighe();
+    void ColoraTasto(int16_t indice, uint32_t rgb);
+    void Su();
+    void Giu();
+    void Riga(int16_t indice);
+    void Conferma();
+    void NuovaCartella();
+    void Elimina();
+    void DopoCambio();
+    void Riprendi();
+
+    QMap<int16_t, uint32_t> colori_;
+};
+
+// Fills the list of TipoLista, shows the panel above the screen in front and
+// returns when it is gone; VoceScelta holds the chosen label, "" for none.
+void ScegliDaLista();
