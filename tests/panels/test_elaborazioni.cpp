@@ -113,6 +113,15 @@ private slots:
             QCOMPARE(QFileInfo(ElencoFile.at(i)).fileName(), l.Nome);
         }
         QVERIFY(VideaAvanzamentoAperta() == nullptr);
+        // Today's cameras and phones give these.
+        ScriviFile(QStringLiteral("telefono.png"));
+        ScriviFile(QStringLiteral("foto.JPEG"));
+        RiempiListaImmagini();
+        QStringList nomi;
+        for (int16_t i = 1; i <= NumeroVoci; ++i)
+            nomi << LeggiEtichetta(VociLista.at(i)).Nome;
+        nomi.sort();
+        QCOMPARE(nomi, (QStringList{"foto.JPEG", "mare.jpg", "sole.BMP", "telefono.png"}));
         RiempiListaTesti();
         QCOMPARE(Voci(),
                  QStringList{ComponiEtichetta("lettera.rtf", 1, FormatoEtichetta::Cartella)});
