@@ -8,6 +8,7 @@
 #include "start/MappaErrori.h"
 #include "start/MenuGenerale.h"
 #include "start/Numeri.h"
+#include "start/Utilita.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -466,16 +467,16 @@ bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella) {
 }
 
 QString PercorsoBitmapDisegno(const QString& nomeCartella, int32_t codiceCartella,
-                              const QString& nomeDisegno) {
-    return PercorsoCartellaDisegni(nomeCartella, codiceCartella) + '/' + nomeDisegno +
-           QStringLiteral(".bmp");
+                              const QString& nomeDisegno, int32_t codiceDisegno) {
+    return PercorsoCartellaDisegni(nomeCartella, codiceCartella) + '/' +
+           NomeSicuro(nomeDisegno, codiceDisegno) + QStringLiteral(".bmp");
 }
 
 bool RegistraDisegno(const Superficie& quadro) {
     const bool nuovo = StatoDisegno == 2 || RegistraComeNuovo == 1;
     int32_t codice = CodiceDisegnoCorrente;
-    const QString percorso =
-        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente);
+    // A new drawing's code, and so its bitmap's name, is known only once chosen.
+    QString percorso;
     std::optional<Transazione> transazione;
     std::optional<QSaveFile> bitmap;
     int passiFatti = 0;
@@ -516,6 +517,8 @@ bool RegistraDisegno(const Superficie& quadro) {
         {4330,
          [&] {
              // Written aside first: nothing on disk changes until it is complete.
+             percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                              NomeDisegnoCorrente, codice);
              const QByteArray dati = quadro.ImmagineBmp();
              bitmap.emplace(percorso);
              if (!bitmap->open(QIODevice::WriteOnly))

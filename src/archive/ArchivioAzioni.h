@@ -49,6 +49,7 @@ bool RegistraDisegno(const Superficie& quadro);
 // Saves ElementiAttivi as a new object in the active folder of objects.
 bool RegistraOggetto();
 
-// Where RegistraDisegno writes the bitmap of a drawing.
+// Where RegistraDisegno writes the bitmap of a drawing: in its folder's
+// directory, under its name made safe (a changed name carries the code).
 QString PercorsoBitmapDisegno(const QString& nomeCartella, int32_t codiceCartella,
-                              const QString& nomeDisegno);
+                              const QString& nomeDisegno, int32_t codiceDisegno);

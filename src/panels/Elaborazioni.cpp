@@ -191,7 +191,8 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
     case 1:
         if (!codiceValido) return false;
         EliminaDisegno(codice);
-        QFile::remove(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, voce.Nome));
+        QFile::remove(
+            PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, voce.Nome, codice));
         return true;
     case 2: {
         if (!codiceValido) return false;

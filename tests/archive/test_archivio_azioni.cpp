@@ -234,8 +234,8 @@ void TestArchivioAzioni::disegno_vuoto_salva_la_riga_senza_azioni() {
     QCOMPARE(CodiceDisegnoCorrente, 1);
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 1);
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
-    QVERIFY(QFile::exists(
-        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, QStringLiteral("Bianco"))));
+    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                                QStringLiteral("Bianco"), CodiceDisegnoCorrente)));
 }
 
 void TestArchivioAzioni::nuovo_disegno_prende_il_codice_libero_e_passa_allo_stato_1() {
@@ -302,10 +302,10 @@ void TestArchivioAzioni::registra_come_nuovo_fa_un_secondo_disegno() {
     QCOMPARE(TestaDisegno(1).Nome, QStringLiteral("Prima"));
     QCOMPARE(TestaDisegno(2).Nome, QStringLiteral("Seconda"));
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 14);
-    QVERIFY(QFile::exists(
-        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, QStringLiteral("Prima"))));
     QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
-                                                QStringLiteral("Seconda"))));
+                                                QStringLiteral("Prima"), CodiceDisegnoCorrente)));
+    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                                QStringLiteral("Seconda"), CodiceDisegnoCorrente)));
 }
 
 void TestArchivioAzioni::bitmap_si_rilegge_con_le_misure_e_i_pixel_del_quadro() {
@@ -332,7 +332,8 @@ void TestArchivioAzioni::bitmap_si_rilegge_con_le_misure_e_i_pixel_del_quadro() 
     QVERIFY(RegistraDisegno(quadro));
     const QString percorso =
         QDir(RadiceDati).filePath(QStringLiteral("Disegni/·Disegni Generale/Quadrato.bmp"));
-    QCOMPARE(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente),
+    QCOMPARE(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente,
+                                   CodiceDisegnoCorrente),
              percorso);
     QImageReader lettore(percorso);
     QCOMPARE(lettore.format(), QByteArray("bmp"));
@@ -354,8 +355,8 @@ void TestArchivioAzioni::bitmap_vecchia_sostituita_dalla_nuova() {
     quadro.ImpostaBackColor(0xFF0000);
     RegistraComeNuovo = 0;
     QVERIFY(RegistraDisegno(quadro));
-    const QString percorso =
-        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente);
+    const QString percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                                   NomeDisegnoCorrente, CodiceDisegnoCorrente);
     QCOMPARE(Colore(QImage(percorso), 10, 10), 0xFF0000);
     const QStringList resti =
         QDir(PercorsoCartellaDisegni(NomeCartellaAttiva, CodiceCartellaAttiva))
@@ -372,8 +373,8 @@ void TestArchivioAzioni::nome_con_apostrofo_salvato_e_ritrovato() {
     NomeDisegnoCorrente = QStringLiteral("L'isola d'Elba");
     QVERIFY(RegistraDisegno(quadro));
     QCOMPARE(CercaNomeDisegno(QStringLiteral("L'isola d'Elba"), 1), CodiceDisegnoCorrente);
-    QVERIFY(QFile::exists(
-        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente)));
+    QVERIFY(QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                                NomeDisegnoCorrente, CodiceDisegnoCorrente)));
 }
 
 void TestArchivioAzioni::cartella_mancante_sul_disco_non_lascia_nulla_nell_archivio() {
@@ -752,8 +753,8 @@ void TestArchivioAzioni::nan_nel_salvataggio_di_un_disegno_non_lascia_nulla() {
     QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("Overflow nel campo XCentro")));
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
     QCOMPARE(Conta(ArchivioDisegni, QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno")), 0);
-    QVERIFY(!QFile::exists(
-        PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, NomeDisegnoCorrente)));
+    QVERIFY(!QFile::exists(PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
+                                                 NomeDisegnoCorrente, CodiceDisegnoCorrente)));
     QCOMPARE(StatoDisegno, int16_t(2));
 }
 

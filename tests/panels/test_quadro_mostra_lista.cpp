@@ -382,7 +382,7 @@ private slots:
         Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabAzioniDisegno (CodiceDisegno,"
                                             " NumAzione) VALUES (1, 1), (1, 2), (2, 1)"));
         const QString bitmap = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
-                                                     QStringLiteral("Disegno 001"));
+                                                     QStringLiteral("Disegno 001"), 1);
         ScriviFile(bitmap);
         QStringList domande;
         QList<int16_t> anelli;
