@@ -12,6 +12,7 @@
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
+#include "panels/QuadroScriviTesto.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -56,6 +57,8 @@ void RipristinaGlobali() {
     TipoQuadroMessaggi = 0;
     TastoPredefinitoQuadroMessaggi = 0;
     EsitoQuadroMessaggi = 0;
+    // panels
+    LunghezzaMassimaTesto = 0;
     // model and archive: add their globals here as they come.
     AzzeraStatoAmbiente();
     DirezioneScelta = 0;
