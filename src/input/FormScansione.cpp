@@ -128,6 +128,15 @@ void FormScansione::RoutineTastoGiu(int codice, int modificatori) {
     Motore.RoutineTasti(codice, modificatori);
 }
 
+int FormScansione::CodiceDi(const QKeyEvent* evento) const {
+    return CodiceTasto(evento);
+}
+
+void FormScansione::RoutineCarattere(int tastoQt, const QString& testo) {
+    Q_UNUSED(tastoQt);
+    Q_UNUSED(testo);
+}
+
 void FormScansione::PrimaAttivazione() {
     FocusFix->setFocus(Qt::OtherFocusReason);
     if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) Motore.AvviaScansione();
@@ -156,6 +165,17 @@ void FormScansione::PosizionaSopra(int sinistraTwips, int altoTwips) {
     move(punto);
 }
 
+QPoint FormScansione::PostoInTwips() const {
+    QPoint origine(0, 0);
+    for (FormScansione* sotto : std::as_const(FormAperti())) {
+        if (!sotto->isVisible()) continue;
+        origine = sotto->mapToGlobal(QPoint(0, 0));
+        break;
+    }
+    const QPoint px = frameGeometry().topLeft() - origine;
+    return {Twips(px.x()), Twips(px.y())};
+}
+
 void FormScansione::Protetto(const std::function<void()>& corpo) {
     if (!EseguiProtetto(corpo)) DopoErrore();
 }
@@ -176,11 +196,12 @@ bool FormScansione::TastoRipetuto(int codice) const {
 }
 
 bool FormScansione::GestisciTasto(QKeyEvent* e) {
-    const int codice = CodiceTasto(e);
+    const int codice = CodiceDi(e);
     // A held switch must not fire again and again; only a screen that walks
     // something with a held arrow takes the repeats.
     if (e->isAutoRepeat() && !TastoRipetuto(codice)) return true;
-    Protetto([this, codice, modificatori = MaschereModificatori(e)] {
+    Protetto([this, codice, modificatori = MaschereModificatori(e), tastoQt = e->key(),
+              testo = e->text()] {
         if (codice == CodiciTasto::Invio) {
             for (TastoZanto* tasto : std::as_const(TastiAttivi())) {
                 if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {
@@ -190,6 +211,8 @@ bool FormScansione::GestisciTasto(QKeyEvent* e) {
             }
         }
         if (codice != 0) RoutineTastoGiu(codice, modificatori);
+        // A key whose key-down closed the form types nothing.
+        if (isVisible()) RoutineCarattere(tastoQt, testo);
     });
     return true;
 }

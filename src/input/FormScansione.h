@@ -71,6 +71,12 @@ public:
     virtual void ClickTasto(int16_t indice) = 0;
     // The key-down routine; by default the common one of the engine.
     virtual void RoutineTastoGiu(int codice, int modificatori);
+    // The code of a key for the key-down routine, 0 for a key it never sees;
+    // by default the keys of the common pattern.
+    virtual int CodiceDi(const QKeyEvent* evento) const;
+    // The key-press routine, after the key-down one: the character a key
+    // types. By default it is swallowed, so that no key reaches a control.
+    virtual void RoutineCarattere(int tastoQt, const QString& testo);
     // First activation: focus on FocusFix and, in modes 1 and 2, the ring starts.
     virtual void PrimaAttivazione();
     // Does a held key's auto-repeat reach the key routine? By default never.
@@ -92,6 +98,9 @@ public:
     // Places this panel at a point given in twips from the client corner of
     // the screen it opens above, wherever on the display that screen stands.
     void PosizionaSopra(int sinistraTwips, int altoTwips);
+    // Where this form's outer corner stands, in twips from the same corner that
+    // PosizionaSopra measures from for a panel opened above this form.
+    QPoint PostoInTwips() const;
 
     // Makes the first activation happen now if it has not yet (the platform may
     // never report one without a window manager).

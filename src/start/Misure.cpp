@@ -6,6 +6,10 @@ int Px(int twips) {
     return static_cast<int>(std::lrint(twips / 15.0 * ScalaInterfaccia));
 }
 
+int Twips(int pixel) {
+    return static_cast<int>(std::lrint(pixel * 15.0 / ScalaInterfaccia));
+}
+
 QRect RettangoloTwips(int sinistra, int alto, int larghezza, int altezza) {
     return {Px(sinistra), Px(alto), Px(larghezza), Px(altezza)};
 }

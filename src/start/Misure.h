@@ -10,6 +10,8 @@
 inline double ScalaInterfaccia = 1.0;
 int Px(int twips);
 QRect RettangoloTwips(int sinistra, int alto, int larghezza, int altezza);
+// Back from pixels of the screen to twips, for a place read off a form.
+int Twips(int pixel);
 
 // Colours as the program keeps them, 0x00BBGGRR, to Qt's colour.
 QColor ColoreQt(int32_t bgr);

@@ -34,6 +34,15 @@ QStringList IconePannelli() {
     return nomi;
 }
 
+QStringList IconeTastiera() {
+    QStringList nomi;
+    for (const char* n : {"conferma", "lettere", "cursore-sinistra", "cursore-destra",
+                          "cursore-inizio", "cursore-fine", "maiuscole", "minuscole", "font",
+                          "importa", "cursore-alto", "cursore-basso"})
+        nomi << QStringLiteral(":/icone/tastiera/%1.svg").arg(QLatin1String(n));
+    return nomi;
+}
+
 QImage Disegna(const QString& risorsa, QSize dimensione, QColor fondo) {
     QImage immagine(dimensione, QImage::Format_ARGB32);
     immagine.fill(fondo);
@@ -64,7 +73,7 @@ class ProvaIcone : public QObject {
 private slots:
     void ogni_icona_c_e_ed_e_un_disegno_valido_data() {
         QTest::addColumn<QString>("risorsa");
-        for (const QString& r : IconeAmbiente() + IconePannelli())
+        for (const QString& r : IconeAmbiente() + IconePannelli() + IconeTastiera())
             QTest::newRow(qPrintable(r)) << r;
     }
     void ogni_icona_c_e_ed_e_un_disegno_valido() {
@@ -93,6 +102,8 @@ private slots:
                                    << ":/icone/pannelli/grassetto-no.svg";
         QTest::newRow("corsivo") << ":/icone/pannelli/corsivo-si.svg"
                                  << ":/icone/pannelli/corsivo-no.svg";
+        QTest::newRow("maiuscole") << ":/icone/tastiera/maiuscole.svg"
+                                   << ":/icone/tastiera/minuscole.svg";
     }
     void le_due_immagini_di_un_tasto_si_distinguono() {
         QFETCH(QString, prima);

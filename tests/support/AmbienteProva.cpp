@@ -14,6 +14,7 @@
 #include "panels/Elaborazioni.h"
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
+#include "panels/QuadroScriviTesto.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -58,6 +59,8 @@ void RipristinaGlobali() {
     TipoQuadroMessaggi = 0;
     TastoPredefinitoQuadroMessaggi = 0;
     EsitoQuadroMessaggi = 0;
+    // panels
+    LunghezzaMassimaTesto = 0;
     // model and archive: add their globals here as they come.
     AzzeraStatoAmbiente();
     // panels

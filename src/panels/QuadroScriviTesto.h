@@ -1,0 +1,73 @@
+#pragma once
+
+#include "input/FormScansione.h"
+#include "model/StatoAmbiente.h"
+#include "panels/TestoConCursore.h"
+
+#include <QStringList>
+
+#include <cstdint>
+
+class QFrame;
+class QPlainTextEdit;
+
+// The call of the keyboard: set the limit and the lines (NumeroRigheScritte and
+// RigheScritte, which the drawing screen's text shares: model/StatoAmbiente.h),
+// open it, read the lines back.
+inline int16_t LunghezzaMassimaTesto = 0; // above 0: longest text; 0: no limit
+
+// The on-screen keyboard: the only way a switch user writes a text. Two sets
+// of keys on one engine, the 70 letter keys (set 0) and the 12 function keys
+// (set 1); one is scanned at a time and each keeps its own ring.
+class QuadroScriviTesto : public FormScansione {
+public:
+    explicit QuadroScriviTesto(QWidget* genitore = nullptr);
+
+    void AttivaQuadroScriviTesto();
+
+    void AggiornaCorone() override;
+    void ClickTasto(int16_t indice) override;
+    void RoutineTastoGiu(int codice, int modificatori) override;
+    int CodiceDi(const QKeyEvent* evento) const override;
+    void RoutineCarattere(int tastoQt, const QString& testo) override;
+    void PrimaAttivazione() override;
+
+    // The two paint routines, one for each set.
+    void DipingiTastiScriviTesto();
+    void DipingiTastiFunzTesto();
+
+    // 1 = the letter keys are scanned, 2 = the function keys.
+    int16_t TastieraAttiva() const { return static_cast<int16_t>(Motore.InsiemeAttivo() + 1); }
+    int16_t TastoFunzioneCorrente() const { return Motore.TastoCorrenteDi(1); }
+    int16_t MaiuscoleMinuscole = 1; // 1 upper case, 2 lower case
+
+    QMap<int16_t, TastoZanto*>& TastoScriviTesto() { return Tasti; }
+    QMap<int16_t, QLabel*>& CoronaTastoScriviTesto() { return Corone; }
+    QMap<int16_t, TastoZanto*>& TastoFunzTesto() { return TastiDi(1); }
+    QMap<int16_t, QLabel*>& CoronaTastoFunzTesto() { return CoroneDi(1); }
+    QFrame* QuadroTastiFunzioneTesto = nullptr;
+    QPlainTextEdit* ImmiTesto = nullptr;
+    // The two pictures of key 108: 101 in lower case, 102 in upper case.
+    QMap<int16_t, QLabel*> IconaSwap;
+
+    // The text with its "_" cursor, as the panel holds it.
+    const TestoConCursore& Testo() const { return testo_; }
+
+private:
+    void ClickLettera(int16_t indice);
+    void ClickFunzione(int16_t indice);
+    void Riprendi();
+    void Mostra();
+    void MostraMaiuscole();
+    bool OltreIlLimite() const;
+    void Conferma();
+    void Chiudi();
+
+    TestoConCursore testo_;
+    // The ring stopped on line 1 by "up": a second refusal there lets it go.
+    bool fermoInAlto_ = false;
+};
+
+// The caller's side: sets the limit, opens the keyboard on RigheScritte as
+// they stand and returns NumeroRigheScritte.
+int16_t ScriviTesto(int16_t limite);

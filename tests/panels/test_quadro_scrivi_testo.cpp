@@ -1,0 +1,1180 @@
+// The on-screen keyboard, opened as its callers open it and driven by keys on
+// the virtual clock, in the working modes its behaviour depends on.
+#include "input/IconaSvg.h"
+#include "panels/ProvaPannello.h"
+#include "panels/QuadroScriviTesto.h"
+#include "panels/QuadroSettaggiFont.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/Misure.h"
+#include "support/AmbienteProva.h"
+#include "support/OrologioVirtuale.h"
+
+#include <QFrame>
+#include <QPlainTextEdit>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+QuadroScriviTesto* Quadro() {
+    return PannelloDavanti<QuadroScriviTesto>();
+}
+
+QString TestoOra() {
+    QuadroScriviTesto* q = Quadro();
+    return q == nullptr ? QStringLiteral("?") : q->Testo().Testo();
+}
+
+const QString Lettere = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+const QString Nome = QStringLiteral("PRECIPITEVOLISSIMEVOLMENTEZANTODISEGNARE");
+const QString Cr = QStringLiteral("\r");
+
+// Where the ring stands, -1 with no keyboard in front.
+int16_t AnelloOra() {
+    QuadroScriviTesto* q = Quadro();
+    return q == nullptr ? int16_t(-1) : q->Motore.TastoCorrente;
+}
+
+int16_t TastoDi(QChar lettera) {
+    return static_cast<int16_t>(101 + Lettere.indexOf(lettera));
+}
+
+// The rings of one set that show.
+QList<int16_t> Visibili(QuadroScriviTesto* q, int insieme) {
+    QList<int16_t> v;
+    if (q == nullptr) return v;
+    const QMap<int16_t, QLabel*>& corone = q->CoroneDi(insieme);
+    for (auto it = corone.cbegin(); it != corone.cend(); ++it)
+        if (it.value()->isVisible()) v.append(it.key());
+    return v;
+}
+
+int16_t PredefinitoDi(QuadroScriviTesto* q, int insieme) {
+    const QMap<int16_t, TastoZanto*>& tasti = q->TastiDi(insieme);
+    for (auto it = tasti.cbegin(); it != tasti.cend(); ++it)
+        if (it.value()->Predefinito) return it.key();
+    return 0;
+}
+
+// A key typed on the physical keyboard: the key with the character it gives.
+void Digita(Copione& c, int tasto, const QString& testo,
+            Qt::KeyboardModifiers modificatori = Qt::NoModifier) {
+    c.Esegui([=] {
+        FormScansione* f = FormScansione::InPrimoPiano();
+        if (f == nullptr) return;
+        QWidget* bersaglio = f->focusWidget() != nullptr ? f->focusWidget() : f->FocusFix;
+        QKeyEvent giu(QEvent::KeyPress, tasto, modificatori, testo);
+        QCoreApplication::sendEvent(bersaglio, &giu);
+        QKeyEvent su(QEvent::KeyRelease, tasto, modificatori, testo);
+        if (FormScansione::InPrimoPiano() == f) QCoreApplication::sendEvent(bersaglio, &su);
+    });
+}
+
+// Mode 3: the scan key until the ring reaches `a`, then the choice.
+void Scegli3(Copione& c, int16_t& da, int16_t a, int tutti) {
+    for (int i = 0; i < (a - da + tutti) % tutti; ++i)
+        c.Tasto(Qt::Key_Space);
+    c.Tasto(Qt::Key_Return);
+    da = a;
+}
+
+// Mode 4: the fewest arrows of the grid from `da` to `a`, then Enter.
+int Scegli4(Copione& c, int16_t& da, int16_t a, int colonne, int tutti) {
+    const int righe = tutti / colonne;
+    const int r0 = (da - 101) / colonne, c0 = (da - 101) % colonne;
+    const int r1 = (a - 101) / colonne, c1 = (a - 101) % colonne;
+    const int giu = (r1 - r0 + righe) % righe;
+    const int destra = (c1 - c0 + colonne) % colonne;
+    int frecce = 0;
+    auto premi = [&](Qt::Key tasto, int volte) {
+        for (int i = 0; i < volte; ++i)
+            c.Tasto(tasto);
+        frecce += volte;
+    };
+    if (giu <= righe - giu)
+        premi(Qt::Key_Down, giu);
+    else
+        premi(Qt::Key_Up, righe - giu);
+    if (destra <= colonne - destra)
+        premi(Qt::Key_Right, destra);
+    else
+        premi(Qt::Key_Left, colonne - destra);
+    c.Tasto(Qt::Key_Return);
+    da = a;
+    return frecce;
+}
+
+void Riapri(const QStringList& righe) {
+    RigheScritte = QStringList{QString()} + righe;
+    NumeroRigheScritte = static_cast<int16_t>(righe.size());
+}
+
+} // namespace
+
+class ProvaQuadroScriviTesto : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+
+    bool Apri(Copione& c, int16_t limite = 0) {
+        return EseguiNelPannello(c, [=] { ScriviTesto(limite); });
+    }
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>(false);
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+        TastoScelta = 1;
+        TastoScansione = 2;
+    }
+    void cleanup() {
+        orologio.reset();
+        amb.reset();
+    }
+
+    // ---- the form ----
+
+    void titolo_misure_e_posti_dei_tasti() {
+        ModalitàFunzionamento = 3;
+        QString titolo;
+        QSize cliente;
+        QRect a, j, z, parentesi, f101, f106, f107, f112, cornice, immi;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            QuadroScriviTesto* q = Quadro();
+            titolo = q->windowTitle();
+            cliente = q->size();
+            a = q->TastoScriviTesto().value(101)->geometry();
+            j = q->TastoScriviTesto().value(110)->geometry();
+            z = q->TastoScriviTesto().value(126)->geometry();
+            parentesi = q->TastoScriviTesto().value(170)->geometry();
+            f101 = q->TastoFunzTesto().value(101)->geometry();
+            f106 = q->TastoFunzTesto().value(106)->geometry();
+            f107 = q->TastoFunzTesto().value(107)->geometry();
+            f112 = q->TastoFunzTesto().value(112)->geometry();
+            cornice = q->QuadroTastiFunzioneTesto->geometry();
+            immi = q->ImmiTesto->geometry();
+        });
+        c.Esegui([] { Quadro()->ClickTasto(166); }).Tasto(Qt::Key_Space);
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space).Tasto(Qt::Key_Space);
+        c.Tasto(Qt::Key_Space).Tasto(Qt::Key_Return); // 107
+        QVERIFY(Apri(c));
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO»  -  Scrittura Testi"));
+        QCOMPARE(cliente, QSize(Px(5565), Px(8640)));
+        // Keys 465 twips square with a pitch of 555, in rows of ten.
+        QCOMPARE(a.size(), QSize(Px(465), Px(465)));
+        QCOMPARE(j.left() - a.left(), Px(9 * 555));
+        QCOMPARE(j.top(), a.top());
+        QCOMPARE(z.top() - a.top(), Px(2 * 555));
+        QCOMPARE(z.left() - a.left(), Px(5 * 555));
+        QCOMPARE(parentesi.top() - a.top(), Px(6 * 555));
+        QVERIFY(parentesi.bottom() < cornice.top());
+        QCOMPARE(cornice, RettangoloTwips(-30, 3930, 5610, 1635));
+        QCOMPARE(immi, RettangoloTwips(15, 5565, 5520, 3075));
+        // Function keys 705 by 660 in two rows of six, on the frame.
+        QCOMPARE(f101.size(), QSize(Px(705), Px(660)));
+        QCOMPARE(f106.top(), f101.top());
+        QVERIFY(f106.left() > f101.left());
+        QCOMPARE(f107.left(), f101.left());
+        QVERIFY(f107.top() > f101.bottom());
+        QCOMPARE(f112.top(), f107.top());
+        for (const QRect& r : {f101, f106, f107, f112})
+            QVERIFY(cornice.contains(r));
+    }
+
+    void didascalie_suggerimenti_e_immagini() {
+        ModalitàFunzionamento = 4;
+        QStringList didascalie, suggerimentiFn, immagini, testiFn;
+        QString suggerimentoFn, suggerimentoA;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            QuadroScriviTesto* q = Quadro();
+            for (int16_t i = 101; i <= 170; ++i)
+                didascalie << q->TastoScriviTesto().value(i)->text();
+            suggerimentoFn = q->TastoScriviTesto().value(166)->toolTip();
+            suggerimentoA = q->TastoScriviTesto().value(101)->toolTip();
+            for (int16_t i = 101; i <= 112; ++i) {
+                TastoZanto* t = q->TastoFunzTesto().value(i);
+                suggerimentiFn << t->toolTip();
+                testiFn << t->text();
+                immagini << t->property(ProprietaRisorsaIcona).toString();
+                QVERIFY(!t->icon().isNull());
+            }
+        });
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Down).Tasto(Qt::Key_Down).Tasto(Qt::Key_Down);
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Down).Tasto(Qt::Key_Left).Tasto(Qt::Key_Left);
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Left).Tasto(Qt::Key_Left).Tasto(Qt::Key_Return); // Fn
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Return);                                         // 107
+        QVERIFY(Apri(c));
+        QCOMPARE(didascalie.join(QChar(u'|')),
+                 QStringLiteral("A|B|C|D|E|F|G|H|I|J|K|L|M|N|O|P|Q|R|S|T|U|V|W|X|Y|Z|@|€|«|»|"
+                                "!|?|'|Del|__|Ret|BS|%|(|)|à|è|ì|ò|ù|.|,|;|:|°|"
+                                "1|2|3|4|5|6|7|8|9|0|+|-|*|/|=|Fn|>|<|[|]"));
+        QCOMPARE(suggerimentoFn, QStringLiteral("Accesso a Tasti Funzione"));
+        QCOMPARE(suggerimentoA, QString());
+        QCOMPARE(
+            suggerimentiFn,
+            (QStringList{"", "Accesso alla Scrittura Testi", "Sposta Cursore a Sinistra",
+                         "Sposta Cursore a Destra ", "Sposta Cursore ad Inizio Testo",
+                         "Sposta Cursore a Fine Testo", "Chiudi", "Maiuscolo / Minuscolo",
+                         "Settaggio Font, Dimensioni, Corsivo, Grassetto", "Importa Testo Da File",
+                         "Sposta Cursore in Alto", "Sposta Cursore in Basso"}));
+        QCOMPARE(testiFn, QStringList(12, QString()));
+        QCOMPARE(immagini.at(6), QStringLiteral(":/icone/pannelli/chiudi.svg"));
+        QCOMPARE(immagini.at(7), QStringLiteral(":/icone/tastiera/maiuscole.svg"));
+        QCOMPARE(QSet<QString>(immagini.cbegin(), immagini.cend()).size(), 12);
+    }
+
+    void le_didascalie_sono_grandi_e_in_grassetto() {
+        ModalitàFunzionamento = 3;
+        QFont lettera, del;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            lettera = Quadro()->TastoScriviTesto().value(101)->font();
+            del = Quadro()->TastoScriviTesto().value(134)->font();
+            Quadro()->ClickTasto(166);
+            Quadro()->ClickTasto(107);
+        });
+        QVERIFY(Apri(c));
+        QVERIFY(lettera.bold());
+        QVERIFY(del.bold());
+        // Most of the key's height for one letter, and still a good size for three.
+        QVERIFY(lettera.pixelSize() >= Px(465) * 2 / 3);
+        QVERIFY(del.pixelSize() >= Px(465) / 3);
+    }
+
+    void immi_testo_e_di_sola_lettura_e_non_prende_mai_il_fuoco() {
+        ModalitàFunzionamento = 4;
+        bool solaLettura = false;
+        Qt::FocusPolicy fuoco = Qt::StrongFocus;
+        bool suFocusFix = false;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            QuadroScriviTesto* q = Quadro();
+            solaLettura = q->ImmiTesto->isReadOnly();
+            fuoco = q->ImmiTesto->focusPolicy();
+            q->ImmiTesto->setFocus();
+            suFocusFix = q->focusWidget() == q->FocusFix;
+        });
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Right).Tasto(Qt::Key_Right).Tasto(Qt::Key_Right);
+        c.Tasto(Qt::Key_Right).Tasto(Qt::Key_Right).Tasto(Qt::Key_Return);
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QVERIFY(solaLettura);
+        QCOMPARE(fuoco, Qt::NoFocus);
+        QVERIFY(suFocusFix);
+    }
+
+    // ---- the edge cases of the keyboard ----
+
+    void con_limite_40_passano_40_lettere_la_41a_suona_spazi_e_ret_passano_oltre() {
+        ModalitàFunzionamento = 3;
+        QList<int> bip;
+        QList<qsizetype> lunghezze;
+        Copione c(*orologio);
+        auto nota = [&] {
+            bip << ContatoreBip;
+            lunghezze << Quadro()->Testo().Lunghezza();
+        };
+        for (int i = 0; i < 40; ++i)
+            c.Tasto(Qt::Key_Return);
+        c.Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota); // the 41st
+        int16_t corrente = 101;
+        Scegli3(c, corrente, 135, 70);
+        c.Esegui(nota);
+        Scegli3(c, corrente, 136, 70);
+        c.Esegui(nota);
+        Scegli3(c, corrente, 166, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c, 40));
+        QCOMPARE(bip, (QList<int>{0, 1, 1, 1}));
+        QCOMPARE(lunghezze, (QList<qsizetype>{41, 41, 42, 43}));
+        QCOMPARE(NumeroRigheScritte, int16_t(1));
+        QCOMPARE(RigheScritte.at(1), QString(40, QChar(u'A')) + QStringLiteral(" ") + Cr);
+    }
+
+    void un_nome_di_40_lettere_confermato_da_una_riga_di_40_caratteri() {
+        ModalitàFunzionamento = 3;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        for (QChar l : Nome)
+            Scegli3(c, corrente, TastoDi(l), 70);
+        Scegli3(c, corrente, 166, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c, 40));
+        QCOMPARE(NumeroRigheScritte, int16_t(1));
+        QCOMPARE(RigheScritte, (QStringList{QString(), Nome}));
+        QCOMPARE(RigheScritte.at(1).size(), qsizetype(40));
+        QCOMPARE(ContatoreBip, 0);
+    }
+
+    void gli_spazi_agli_estremi_spariscono_alla_conferma() {
+        ModalitàFunzionamento = 3;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        Scegli3(c, corrente, 135, 70);
+        c.Tasto(Qt::Key_Return);
+        Scegli3(c, corrente, TastoDi(u'C'), 70);
+        Scegli3(c, corrente, 135, 70);
+        Scegli3(c, corrente, TastoDi(u'D'), 70);
+        Scegli3(c, corrente, 135, 70);
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+        Scegli3(c, corrente, 166, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("C D")}));
+        QCOMPARE(NumeroRigheScritte, int16_t(1));
+    }
+
+    void un_testo_di_soli_spazi_da_0_righe() {
+        ModalitàFunzionamento = 3;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        Scegli3(c, corrente, 135, 70);
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+        Scegli3(c, corrente, 166, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(NumeroRigheScritte, int16_t(0));
+        QCOMPARE(RigheScritte, QStringList{QString()});
+        QCOMPARE(ContatoreBip, 0);
+    }
+
+    void un_testo_vuoto_confermato_da_0_righe_senza_avvisi() {
+        ModalitàFunzionamento = 4;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(NumeroRigheScritte, int16_t(0));
+        QCOMPARE(ContatoreBip, 0);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void un_testo_che_finisce_con_ret_tiene_il_cr_e_nessuna_riga_vuota_lo_segue() {
+        ModalitàFunzionamento = 3;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        Scegli3(c, corrente, TastoDi(u'A'), 70);
+        Scegli3(c, corrente, 136, 70);
+        Scegli3(c, corrente, 135, 70);
+        Scegli3(c, corrente, 166, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(NumeroRigheScritte, int16_t(1));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("A") + Cr}));
+    }
+
+    void due_righe_ab_cr_c_tornano_uguali_e_riaperte_hanno_il_cursore_in_fondo() {
+        ModalitàFunzionamento = 3;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        Scegli3(c, corrente, TastoDi(u'A'), 70);
+        Scegli3(c, corrente, TastoDi(u'B'), 70);
+        Scegli3(c, corrente, 136, 70);
+        Scegli3(c, corrente, TastoDi(u'C'), 70);
+        Scegli3(c, corrente, 166, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(NumeroRigheScritte, int16_t(2));
+        QCOMPARE(RigheScritte,
+                 (QStringList{QString(), QStringLiteral("AB") + Cr, QStringLiteral("C")}));
+
+        // Reopened: the function keys are live, the ring on confirm, "_" at the end.
+        QString testo, vista;
+        int tastiera = 0;
+        QList<int16_t> lettere, funzioni;
+        int16_t predefinito = 0;
+        Copione d(*orologio);
+        d.Esegui([&] {
+            QuadroScriviTesto* q = Quadro();
+            testo = TestoOra();
+            vista = q->ImmiTesto->toPlainText();
+            tastiera = q->TastieraAttiva();
+            lettere = Visibili(q, 0);
+            funzioni = Visibili(q, 1);
+            predefinito = PredefinitoDi(q, 1);
+        });
+        d.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(d));
+        QCOMPARE(testo, QStringLiteral("AB\rC_"));
+        QCOMPARE(vista, QStringLiteral("AB\nC_"));
+        QCOMPARE(tastiera, 2);
+        QCOMPARE(lettere, QList<int16_t>{});
+        QCOMPARE(funzioni, QList<int16_t>{101});
+        QCOMPARE(predefinito, int16_t(101));
+        QCOMPARE(NumeroRigheScritte, int16_t(2));
+        QCOMPARE(RigheScritte,
+                 (QStringList{QString(), QStringLiteral("AB") + Cr, QStringLiteral("C")}));
+    }
+
+    void sinistra_all_inizio_e_destra_alla_fine_suonano_e_non_cambiano_nulla() {
+        ModalitàFunzionamento = 4;
+        Riapri({QStringLiteral("AB")});
+        QStringList testi;
+        QList<int> bip;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+        };
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 104, 6, 12); // right at the end
+        c.Esegui(nota);
+        Scegli4(c, corrente, 105, 6, 12); // to the start
+        Scegli4(c, corrente, 103, 6, 12); // left at the start
+        c.Esegui(nota);
+        Scegli4(c, corrente, 107, 6, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"AB_", "_AB"}));
+        QCOMPARE(bip, (QList<int>{1, 2}));
+    }
+
+    void su_sulla_riga_1_di_due_righe_suona_ferma_l_anello_e_la_scelta_ripete_il_tasto_data() {
+        QTest::addColumn<int>("modo");
+        QTest::newRow("modo 1") << 1;
+        QTest::newRow("modo 2") << 2;
+    }
+    void su_sulla_riga_1_di_due_righe_suona_ferma_l_anello_e_la_scelta_ripete_il_tasto() {
+        QFETCH(int, modo);
+        ModalitàFunzionamento = static_cast<int16_t>(modo);
+        Riapri({QStringLiteral("AB") + Cr, QStringLiteral("C")});
+        QStringList testi;
+        QList<int> bip, inAttesa;
+        QList<int16_t> anello;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+            inAttesa << orologio->InAttesa();
+            anello << AnelloOra();
+        };
+        c.Attendi(4000).Tasto(Qt::Key_Return); // 105: to the start, line 1
+        c.Attendi(6000).Tasto(Qt::Key_Return); // 111 on line 1
+        c.Esegui(nota);
+        c.Attendi(3000).Esegui(nota);          // the ring stands on 111
+        c.Tasto(Qt::Key_Return).Esegui(nota);  // the pick repeats 111
+        c.Attendi(1000).Esegui(nota);          // a second refusal lets the ring go
+        c.Attendi(1000).Tasto(Qt::Key_Return); // 101
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"_AB\rC", "_AB\rC", "_AB\rC", "_AB\rC"}));
+        QCOMPARE(bip, (QList<int>{1, 1, 2, 2}));
+        QCOMPARE(inAttesa, (QList<int>{0, 0, 1, 1}));
+        QCOMPARE(anello, (QList<int16_t>{111, 111, 111, 112}));
+        QCOMPARE(RigheScritte,
+                 (QStringList{QString(), QStringLiteral("AB") + Cr, QStringLiteral("C")}));
+    }
+
+    void giu_va_all_inizio_della_riga_dopo_non_alla_stessa_colonna() {
+        ModalitàFunzionamento = 4;
+        Riapri({QStringLiteral("ABC") + Cr, QStringLiteral("DEFG") + Cr, QStringLiteral("H")});
+        QStringList testi;
+        QList<int> bip;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+        };
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 105, 6, 12);
+        Scegli4(c, corrente, 104, 6, 12);
+        c.Tasto(Qt::Key_Return).Esegui(nota); // after "AB"
+        Scegli4(c, corrente, 112, 6, 12);
+        c.Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota); // on the last line: beep
+        Scegli4(c, corrente, 111, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, corrente, 101, 6, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"AB_C\rDEFG\rH", "ABC\r_DEFG\rH", "ABC\rDEFG\r_H",
+                                     "ABC\rDEFG\r_H", "ABC\r_DEFG\rH"}));
+        QCOMPARE(bip, (QList<int>{0, 0, 0, 1, 1}));
+    }
+
+    void un_testo_con_trattini_bassi_mette_il_cursore_sul_primo() {
+        ModalitàFunzionamento = 4;
+        Riapri({QStringLiteral("A_B")});
+        QStringList testi;
+        Copione c(*orologio);
+        c.Esegui([&] { testi << TestoOra(); });
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 104, 6, 12);
+        c.Esegui([&] { testi << TestoOra(); });
+        Scegli4(c, corrente, 106, 6, 12);
+        c.Esegui([&] { testi << TestoOra(); });
+        Scegli4(c, corrente, 101, 6, 12);
+        QVERIFY(Apri(c));
+        // The "_" that came with the text is the cursor; the one added stays a character.
+        QCOMPARE(testi, (QStringList{"A_B_", "AB__", "AB__"}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AB_")}));
+    }
+
+    // ---- a one-switch user and the same name by the other ways ----
+
+    void modo_1_un_nome_di_40_lettere_a_soste_contate_e_la_41a_lettera_suona() {
+        ModalitàFunzionamento = 1;
+        QList<int16_t> attesi, visti;
+        QList<int> bip;
+        QString prima;
+        int soste = 0;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        auto scegli = [&](int16_t a, int tutti) {
+            const int n = (a - corrente + tutti) % tutti;
+            soste += n;
+            // The ring stays on the key just picked: it needs n dwells to reach `a`.
+            c.Attendi(int64_t(n) * TempoLatenzaScansione);
+            attesi << a;
+            c.Esegui([&] { visti << AnelloOra(); });
+            c.Tasto(Qt::Key_Return);
+            corrente = a;
+        };
+        for (QChar l : Nome)
+            scegli(TastoDi(l), 70);
+        c.Esegui([&] {
+            prima = TestoOra();
+            bip << ContatoreBip;
+        });
+        scegli(TastoDi(u'Z'), 70); // a 41st letter
+        c.Esegui([&] { bip << ContatoreBip; });
+        scegli(166, 70);
+        corrente = 101; // the function keys start on confirm
+        scegli(101, 12);
+        QVERIFY(Apri(c, 40));
+        QCOMPARE(visti, attesi);
+        QCOMPARE(prima, Nome + QStringLiteral("_"));
+        QCOMPARE(bip, (QList<int>{0, 1}));
+        QCOMPARE(NumeroRigheScritte, int16_t(1));
+        QCOMPARE(RigheScritte, (QStringList{QString(), Nome}));
+        QVERIFY(soste > 40);
+        QCOMPARE(orologio->InAttesa(), 0);
+    }
+
+    void modo_4_lo_stesso_nome_con_le_frecce_della_griglia() {
+        ModalitàFunzionamento = 4;
+        QString prima;
+        QList<int> bip;
+        int frecce = 0;
+        Copione c(*orologio);
+        int16_t corrente = 101;
+        for (QChar l : Nome)
+            frecce += Scegli4(c, corrente, TastoDi(l), 10, 70);
+        c.Esegui([&] {
+            prima = TestoOra();
+            bip << ContatoreBip;
+        });
+        c.Tasto(Qt::Key_Return).Esegui([&] { bip << ContatoreBip; });
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c, 40));
+        QCOMPARE(prima, Nome + QStringLiteral("_"));
+        QCOMPARE(bip, (QList<int>{0, 1}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), Nome}));
+        // The grid is shorter than the row: at most 3 up or down and 5 across a letter.
+        QVERIFY(frecce <= 40 * 8);
+        QCOMPARE(orologio->InAttesa(), 0);
+    }
+
+    void modo_4_lo_stesso_nome_dalla_tastiera_con_shift() {
+        ModalitàFunzionamento = 4;
+        QString prima;
+        QList<int> bip;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Shift, Qt::ShiftModifier); // a modifier alone is silent
+        for (QChar l : Nome)
+            Digita(c, Qt::Key_A + (l.unicode() - u'A'), QString(l), Qt::ShiftModifier);
+        c.Esegui([&] {
+            prima = TestoOra();
+            bip << ContatoreBip;
+        });
+        Digita(c, Qt::Key_Z, QStringLiteral("Z"), Qt::ShiftModifier);
+        c.Esegui([&] { bip << ContatoreBip; });
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c, 40));
+        QCOMPARE(prima, Nome + QStringLiteral("_"));
+        // Each typed key beeps in the key-down routine; the 41st beeps again for the limit.
+        QCOMPARE(bip, (QList<int>{40, 42}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), Nome}));
+    }
+
+    // ---- scanning ----
+
+    void modo_1_l_anello_gira_lineare_da_170_a_101_e_nei_tasti_funzione_da_112_a_101() {
+        ModalitàFunzionamento = 1;
+        QList<int16_t> anello;
+        Copione c(*orologio);
+        auto nota = [&] { anello << AnelloOra(); };
+        c.Esegui(nota).Attendi(999).Esegui(nota).Attendi(1).Esegui(nota);
+        c.Attendi(9000).Esegui(nota);           // 111: across the row end
+        c.Attendi(59000).Esegui(nota);          // 170
+        c.Attendi(1000).Esegui(nota);           // 101
+        c.Attendi(65000).Tasto(Qt::Key_Return); // Fn
+        c.Attendi(11000).Esegui(nota);          // 112
+        c.Attendi(1000).Esegui(nota);           // 101
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(anello, (QList<int16_t>{101, 101, 102, 111, 170, 101, 112, 101}));
+    }
+
+    void modo_2_l_inversione_gira_all_indietro_e_la_scelta_la_conserva() {
+        ModalitàFunzionamento = 2;
+        TipoInversioneScansione = 1;
+        QList<int16_t> anello;
+        QString testo;
+        Copione c(*orologio);
+        auto nota = [&] { anello << AnelloOra(); };
+        c.Tasto(Qt::Key_Space).Attendi(1000).Esegui(nota); // backwards: 101 to 170
+        c.Attendi(1000).Esegui(nota);                      // 169
+        c.Tasto(Qt::Key_Return).Esegui([&] { testo = TestoOra(); });
+        c.Attendi(1000).Esegui(nota);                      // still backwards after the pick
+        c.Tasto(Qt::Key_Space).Attendi(2000).Esegui(nota); // forward again
+        c.Tasto(Qt::Key_Space).Attendi(4000).Tasto(Qt::Key_Return); // back to Fn
+        c.Tasto(Qt::Key_Return);                                    // 101 at once
+        QVERIFY(Apri(c));
+        QCOMPARE(anello, (QList<int16_t>{170, 169, 168, 170}));
+        QCOMPARE(testo, QStringLiteral("[_"));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("[")}));
+    }
+
+    void modo_3_il_tasto_di_scansione_avanza_di_uno_con_giro_e_la_scelta_scrive() {
+        ModalitàFunzionamento = 3;
+        QList<int16_t> anello;
+        QList<int16_t> predefiniti;
+        Copione c(*orologio);
+        auto nota = [&] {
+            anello << AnelloOra();
+            predefiniti << PredefinitoDi(Quadro(), Quadro()->Motore.InsiemeAttivo());
+        };
+        c.Esegui(nota).Tasto(Qt::Key_Space).Esegui(nota);
+        c.Tasto(Qt::Key_Return);
+        c.Attendi(5000).Esegui(nota); // no timer: the ring stands
+        for (int i = 0; i < 69; ++i)
+            c.Tasto(Qt::Key_Space);
+        c.Esegui(nota); // 101 after 170
+        int16_t corrente = 101;
+        Scegli3(c, corrente, 166, 70);
+        c.Esegui(nota);
+        for (int i = 0; i < 11; ++i)
+            c.Tasto(Qt::Key_Space);
+        c.Esegui(nota).Tasto(Qt::Key_Space).Esegui(nota); // 112, then 101
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(anello, (QList<int16_t>{101, 102, 102, 101, 101, 112, 101}));
+        QCOMPARE(predefiniti, (QList<int16_t>{101, 102, 102, 101, 101, 112, 101}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("B")}));
+    }
+
+    void fn_passa_ai_tasti_funzione_e_102_torna_alle_lettere_dove_erano() {
+        ModalitàFunzionamento = 4;
+        QList<QList<int16_t>> lettere, funzioni;
+        QList<int> tastiere;
+        QList<int16_t> correnti;
+        Copione c(*orologio);
+        auto nota = [&] {
+            QuadroScriviTesto* q = Quadro();
+            lettere << Visibili(q, 0);
+            funzioni << Visibili(q, 1);
+            tastiere << q->TastieraAttiva();
+            correnti << q->Motore.TastoCorrente;
+        };
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Esegui(nota);
+        c.Tasto(Qt::Key_Right).Tasto(Qt::Key_Down).Esegui(nota); // 102, then 108
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Return).Esegui(nota);  // 102: back
+        c.Tasto(Qt::Key_Return).Esegui(nota);                    // Fn again: ring on 101
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(lettere, (QList<QList<int16_t>>{{}, {}, {166}, {}}));
+        QCOMPARE(funzioni, (QList<QList<int16_t>>{{101}, {108}, {}, {101}}));
+        QCOMPARE(tastiere, (QList<int>{2, 2, 1, 2}));
+        QCOMPARE(correnti, (QList<int16_t>{101, 108, 166, 101}));
+    }
+
+    // ---- keys and their actions ----
+
+    void maiuscole_minuscole_cambia_il_caso_e_l_immagine_del_tasto_108() {
+        ModalitàFunzionamento = 3;
+        QStringList immagini;
+        QList<int16_t> stati;
+        Copione c(*orologio);
+        auto nota = [&] {
+            immagini << Quadro()
+                            ->TastoFunzTesto()
+                            .value(108)
+                            ->property(ProprietaRisorsaIcona)
+                            .toString();
+            stati << Quadro()->MaiuscoleMinuscole;
+        };
+        c.Esegui(nota);
+        int16_t corrente = 101;
+        Scegli3(c, corrente, TastoDi(u'A'), 70);
+        Scegli3(c, corrente, 141, 70); // à
+        Scegli3(c, corrente, 166, 70);
+        int16_t funzione = 101;
+        Scegli3(c, funzione, 108, 12);
+        c.Esegui(nota);
+        Scegli3(c, funzione, 102, 12);
+        Scegli3(c, corrente, TastoDi(u'A'), 70);
+        Scegli3(c, corrente, 141, 70);
+        Scegli3(c, corrente, 128, 70); // €
+        Scegli3(c, corrente, 166, 70);
+        funzione = 101;
+        Scegli3(c, funzione, 108, 12);
+        c.Esegui(nota);
+        Scegli3(c, funzione, 101, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(stati, (QList<int16_t>{1, 2, 1}));
+        const QString su = QStringLiteral(":/icone/tastiera/maiuscole.svg");
+        const QString giu = QStringLiteral(":/icone/tastiera/minuscole.svg");
+        QCOMPARE(immagini, (QStringList{su, giu, su}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AÀaà€")}));
+    }
+
+    void le_immagini_di_icona_swap_sono_le_due_del_tasto_108() {
+        ModalitàFunzionamento = 4;
+        QString minuscole, maiuscole;
+        bool nascoste = false;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            QuadroScriviTesto* q = Quadro();
+            minuscole = q->IconaSwap.value(101)->property(ProprietaRisorsaIcona).toString();
+            maiuscole = q->IconaSwap.value(102)->property(ProprietaRisorsaIcona).toString();
+            nascoste =
+                !q->IconaSwap.value(101)->isVisible() && !q->IconaSwap.value(102)->isVisible();
+            q->ClickTasto(166);
+            q->ClickTasto(107);
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(minuscole, QStringLiteral(":/icone/tastiera/minuscole.svg"));
+        QCOMPARE(maiuscole, QStringLiteral(":/icone/tastiera/maiuscole.svg"));
+        QVERIFY(nascoste);
+    }
+
+    void del_bs_ret_e_spazio_con_i_loro_bip() {
+        ModalitàFunzionamento = 3;
+        QStringList testi;
+        QList<int> bip;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+        };
+        int16_t corrente = 101;
+        Scegli3(c, corrente, 134, 70); // Del on "_" alone
+        c.Esegui(nota);
+        Scegli3(c, corrente, 137, 70); // BS with nothing left
+        c.Esegui(nota);
+        Scegli3(c, corrente, TastoDi(u'A'), 70);
+        Scegli3(c, corrente, 135, 70);
+        Scegli3(c, corrente, 136, 70);
+        Scegli3(c, corrente, TastoDi(u'B'), 70);
+        c.Esegui(nota);
+        Scegli3(c, corrente, 137, 70);
+        c.Esegui(nota);
+        Scegli3(c, corrente, 166, 70);
+        int16_t funzione = 101;
+        Scegli3(c, funzione, 105, 12);
+        Scegli3(c, funzione, 102, 12);
+        corrente = 166;
+        Scegli3(c, corrente, 134, 70);
+        c.Esegui(nota);
+        Scegli3(c, corrente, 166, 70);
+        funzione = 101;
+        Scegli3(c, funzione, 107, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"_", "_", "A \rB_", "A \r_", "_ \r"}));
+        QCOMPARE(bip, (QList<int>{1, 2, 2, 2, 2}));
+        QCOMPARE(NumeroRigheScritte, int16_t(0));
+    }
+
+    void tasti_cursore_103_106_spostano_e_suonano_ai_bordi() {
+        ModalitàFunzionamento = 4;
+        Riapri({QStringLiteral("ABC")});
+        QStringList testi;
+        QList<int> bip;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+        };
+        int16_t f = 101;
+        Scegli4(c, f, 103, 6, 12);
+        c.Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        Scegli4(c, f, 104, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, f, 105, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, f, 103, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, f, 106, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, f, 104, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, f, 111, 6, 12); // one line only
+        c.Esegui(nota);
+        Scegli4(c, f, 112, 6, 12);
+        c.Esegui(nota);
+        Scegli4(c, f, 101, 6, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"AB_C", "A_BC", "AB_C", "_ABC", "_ABC", "ABC_", "ABC_", "ABC_",
+                                     "ABC_"}));
+        QCOMPARE(bip, (QList<int>{0, 0, 0, 0, 1, 1, 2, 3, 4}));
+    }
+
+    void modo_1_sinistra_ferma_l_anello_e_ogni_scelta_sposta_ancora_fino_al_bip() {
+        ModalitàFunzionamento = 1;
+        Riapri({QStringLiteral("AB")});
+        QStringList testi;
+        QList<int> inAttesa, bip;
+        QList<int16_t> anello;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            inAttesa << orologio->InAttesa();
+            bip << ContatoreBip;
+            anello << AnelloOra();
+        };
+        c.Attendi(2000).Tasto(Qt::Key_Return).Esegui(nota); // 103
+        c.Attendi(5000).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota); // at the start: beep, the ring goes on
+        c.Attendi(1000).Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota); // 104 goes on at once
+        c.Attendi(1000).Esegui(nota);
+        c.Attendi(7000).Tasto(Qt::Key_Return); // 112: one line only, beep, ring goes on
+        c.Esegui(nota);
+        c.Attendi(1000).Tasto(Qt::Key_Return); // 101
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"A_B", "A_B", "_AB", "_AB", "_AB", "A_B", "A_B", "A_B"}));
+        QCOMPARE(inAttesa, (QList<int>{0, 0, 0, 1, 1, 1, 1, 1}));
+        QCOMPARE(bip, (QList<int>{0, 0, 0, 1, 1, 1, 1, 2}));
+        QCOMPARE(anello, (QList<int16_t>{103, 103, 103, 103, 104, 104, 105, 112}));
+    }
+
+    void modo_1_in_alto_di_una_riga_riprende_l_anello() {
+        ModalitàFunzionamento = 1;
+        Riapri({QStringLiteral("AB") + Cr, QStringLiteral("C")});
+        QStringList testi;
+        QList<int> inAttesa;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            inAttesa << orologio->InAttesa();
+        };
+        c.Attendi(10000).Tasto(Qt::Key_Return).Esegui(nota); // 111 from line 2
+        c.Attendi(12000).Tasto(Qt::Key_Return);              // a full round: 111 on line 1
+        c.Esegui(nota);
+        c.Tasto(Qt::Key_Return).Esegui(nota);  // the second refusal lets the ring go
+        c.Attendi(2000).Tasto(Qt::Key_Return); // 101
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"_AB\rC", "_AB\rC", "_AB\rC"}));
+        QCOMPARE(inAttesa, (QList<int>{1, 0, 1}));
+        QCOMPARE(ContatoreBip, 2);
+    }
+
+    void il_110_suona_e_l_anello_riprende() {
+        ModalitàFunzionamento = 1;
+        Riapri({QStringLiteral("AB")});
+        QList<int> bip, inAttesa;
+        QString testo;
+        Copione c(*orologio);
+        c.Attendi(9000).Tasto(Qt::Key_Return);
+        c.Esegui([&] {
+            bip << ContatoreBip;
+            inAttesa << orologio->InAttesa();
+            testo = TestoOra();
+        });
+        c.Attendi(2000).Tasto(Qt::Key_Return); // 112 is refused, 101 beyond
+        c.Attendi(1000).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(bip, QList<int>{1});
+        QCOMPARE(inAttesa, QList<int>{1});
+        QCOMPARE(testo, QStringLiteral("AB_"));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AB")}));
+    }
+
+    void annulla_107_da_0_righe_e_perde_il_testo_che_era_venuto() {
+        ModalitàFunzionamento = 4;
+        Riapri({QStringLiteral("AB") + Cr, QStringLiteral("C")});
+        Copione c(*orologio);
+        int16_t f = 101;
+        Scegli4(c, f, 107, 6, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(NumeroRigheScritte, int16_t(0));
+        QCOMPARE(RigheScritte, QStringList{QString()});
+    }
+
+    void il_109_apre_i_font_820_twips_a_sinistra_e_l_anello_della_tastiera_sta_fermo() {
+        ModalitàFunzionamento = 1;
+        Riapri({QStringLiteral("AB")});
+        QuadroScriviTesto* tastiera = nullptr;
+        QPoint atteso, posto;
+        bool font = false;
+        bool sospeso = false;
+        QList<int16_t> anello;
+        Copione c(*orologio);
+        c.Esegui([&] { tastiera = Quadro(); });
+        c.Attendi(8000).Tasto(Qt::Key_Return); // 109
+        c.Esegui([&] {
+            QuadroSettaggiFont* f = PannelloDavanti<QuadroSettaggiFont>();
+            font = f != nullptr;
+            if (f != nullptr) posto = f->pos();
+            atteso = tastiera->frameGeometry().topLeft() - QPoint(Px(820), 0);
+            sospeso = tastiera->Motore.Sospeso();
+            anello << tastiera->Motore.TastoCorrente;
+        });
+        c.Attendi(5000).Esegui([&] { anello << tastiera->Motore.TastoCorrente; });
+        c.Attendi(4000).Tasto(Qt::Key_Return); // 105 of the font panel
+        c.Esegui([&] { anello << tastiera->Motore.TastoCorrente; });
+        c.Attendi(999).Esegui([&] { anello << tastiera->Motore.TastoCorrente; });
+        c.Attendi(1).Esegui([&] { anello << tastiera->Motore.TastoCorrente; });
+        c.Attendi(7000).Tasto(Qt::Key_Return); // 105
+        c.Attendi(8000).Tasto(Qt::Key_Return); // 101
+        QVERIFY(Apri(c));
+        QVERIFY(font);
+        QVERIFY(sospeso);
+        QCOMPARE(posto, atteso);
+        QCOMPARE(anello, (QList<int16_t>{109, 109, 109, 109, 110}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AB")}));
+    }
+
+    // ---- the physical keyboard ----
+
+    void tasti_fisici_fuori_dall_insieme_sono_ignorati() {
+        ModalitàFunzionamento = 4;
+        QStringList testi;
+        QList<int> bip;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+        };
+        Digita(c, Qt::Key_A, QStringLiteral("a")); // a letter without Shift
+        c.Esegui(nota);
+        Digita(c, Qt::Key_Underscore, QStringLiteral("_"), Qt::ShiftModifier);
+        c.Esegui(nota);
+        Digita(c, Qt::Key_NumberSign, QStringLiteral("#"), Qt::ShiftModifier);
+        Digita(c, Qt::Key_QuoteDbl, QStringLiteral("\""), Qt::ShiftModifier);
+        Digita(c, Qt::Key_degree, QStringLiteral("°"), Qt::ShiftModifier);
+        c.Esegui(nota);
+        Digita(c, Qt::Key_E, QStringLiteral("€"));
+        Digita(c, Qt::Key_Agrave, QStringLiteral("à"));
+        Digita(c, Qt::Key_guillemotleft, QStringLiteral("«"));
+        Digita(c, Qt::Key_Period, QStringLiteral("."));
+        Digita(c, Qt::Key_5, QStringLiteral("5"));
+        Digita(c, Qt::Key_Percent, QStringLiteral("%"), Qt::ShiftModifier);
+        Digita(c, Qt::Key_BracketLeft, QStringLiteral("["));
+        Digita(c, Qt::Key_Space, QStringLiteral(" "));
+        c.Esegui(nota);
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"_", "_", "_", "€à«.5%[ _"}));
+        QCOMPARE(bip, (QList<int>{1, 2, 5, 13}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("€à«.5%[")}));
+    }
+
+    void le_lettere_dalla_tastiera_prendono_il_caso_di_maiuscole_minuscole() {
+        ModalitàFunzionamento = 4;
+        Copione c(*orologio);
+        Digita(c, Qt::Key_B, QStringLiteral("B"), Qt::ShiftModifier);
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 166, 10, 70);
+        int16_t f = 101;
+        Scegli4(c, f, 108, 6, 12);
+        Digita(c, Qt::Key_B, QStringLiteral("B"), Qt::ShiftModifier); // Caps Lock gives the same
+        Scegli4(c, f, 101, 6, 12);
+        QVERIFY(Apri(c));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("Bb")}));
+    }
+
+    void i_tasti_fisici_scrivono_solo_nel_modo_4_data() {
+        QTest::addColumn<int>("modo");
+        QTest::newRow("modo 1") << 1;
+        QTest::newRow("modo 2") << 2;
+        QTest::newRow("modo 3") << 3;
+    }
+    void i_tasti_fisici_scrivono_solo_nel_modo_4() {
+        QFETCH(int, modo);
+        ModalitàFunzionamento = static_cast<int16_t>(modo);
+        QString testo;
+        int bip = -1;
+        Copione c(*orologio);
+        Digita(c, Qt::Key_A, QStringLiteral("A"), Qt::ShiftModifier);
+        Digita(c, Qt::Key_Backspace, QStringLiteral("\b"));
+        c.Esegui([&] {
+            testo = TestoOra();
+            bip = ContatoreBip;
+            Quadro()->ClickTasto(166);
+            Quadro()->ClickTasto(107);
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(testo, QStringLiteral("_"));
+        QCOMPARE(bip, 2);
+    }
+
+    void il_limite_vale_per_i_tasti_fisici_anche_per_il_backspace() {
+        ModalitàFunzionamento = 4;
+        QStringList testi;
+        QList<int> bip;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+        };
+        Digita(c, Qt::Key_Backspace, QStringLiteral("\b")); // nothing to remove
+        c.Esegui(nota);
+        for (const char* l : {"A", "B", "C"})
+            Digita(c, Qt::Key_A, QString::fromLatin1(l), Qt::ShiftModifier);
+        c.Esegui(nota);
+        Digita(c, Qt::Key_D, QStringLiteral("D"), Qt::ShiftModifier);
+        Digita(c, Qt::Key_Space, QStringLiteral(" "));
+        Digita(c, Qt::Key_Backspace, QStringLiteral("\b"));
+        c.Esegui(nota);
+        // The on-screen BS is not measured.
+        int16_t corrente = 101;
+        Scegli4(c, corrente, 137, 10, 70);
+        c.Esegui(nota);
+        Digita(c, Qt::Key_Backspace, QStringLiteral("\b"));
+        c.Esegui(nota);
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c, 3));
+        QCOMPARE(testi, (QStringList{"_", "ABC_", "ABC_", "AB_", "A_"}));
+        QCOMPARE(bip, (QList<int>{2, 5, 11, 11, 12}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("A")}));
+    }
+
+    void il_tasto_canc_cancella_come_del_in_ogni_modo_data() {
+        QTest::addColumn<int>("modo");
+        QTest::newRow("modo 1") << 1;
+        QTest::newRow("modo 2") << 2;
+        QTest::newRow("modo 3") << 3;
+        QTest::newRow("modo 4") << 4;
+    }
+    void il_tasto_canc_cancella_come_del_in_ogni_modo() {
+        QFETCH(int, modo);
+        ModalitàFunzionamento = static_cast<int16_t>(modo);
+        Riapri({QStringLiteral("ABC")});
+        QStringList testi;
+        QList<int> bip;
+        QList<int16_t> anello;
+        Copione c(*orologio);
+        auto nota = [&] {
+            testi << TestoOra();
+            bip << ContatoreBip;
+            anello << AnelloOra();
+        };
+        c.Tasto(Qt::Key_Delete).Esegui(nota); // at the end: the beep, then the refusal of "Del"
+        // The ring to 105, by the means of each mode.
+        if (modo <= 2) {
+            c.Attendi(4000).Tasto(Qt::Key_Return);
+        } else if (modo == 3) {
+            for (int i = 0; i < 4; ++i)
+                c.Tasto(Qt::Key_Space);
+            c.Tasto(Qt::Key_Return);
+        } else {
+            for (int i = 0; i < 4; ++i)
+                c.Tasto(Qt::Key_Right);
+            c.Tasto(Qt::Key_Return);
+        }
+        c.Attendi(500).Tasto(Qt::Key_Delete).Esegui(nota);
+        c.Attendi(500).Esegui(nota); // a ring that walks is not disturbed
+        c.Esegui([] {
+            Quadro()->Motore.FermaScansione();
+            Quadro()->ClickTasto(101);
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(testi, (QStringList{"ABC_", "_BC", "_BC"}));
+        QCOMPARE(bip, (QList<int>{2, 3, 3}));
+        const int16_t dopo = modo <= 2 ? 106 : 105;
+        QCOMPARE(anello, (QList<int16_t>{101, 105, dopo}));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("BC")}));
+    }
+
+    void un_tasto_che_il_modo_non_usa_suona() {
+        ModalitàFunzionamento = 1;
+        QList<int> bip;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Space).Esegui([&] { bip << ContatoreBip; }); // the scan key of mode 1
+        c.Tasto(Qt::Key_Escape).Esegui([&] { bip << ContatoreBip; });
+        c.Tasto(Qt::Key_F6).Esegui([&] { bip << ContatoreBip; });
+        c.Tasto(Qt::Key_Right).Esegui([&] { bip << ContatoreBip; });
+        c.Esegui([] {
+            Quadro()->ClickTasto(166);
+            Quadro()->ClickTasto(107);
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(bip, (QList<int>{1, 2, 3, 4}));
+        QCOMPARE(ModalitàFunzionamento, int16_t(1));
+    }
+
+    void un_numero_di_righe_che_la_lista_non_ha_e_un_errore_e_il_testo_parte_vuoto() {
+        ModalitàFunzionamento = 3;
+        NumeroRigheScritte = 3;
+        RigheScritte = QStringList{QString(), QStringLiteral("A")};
+        QString testo;
+        int tastiera = 0;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            testo = TestoOra();
+            tastiera = Quadro()->TastieraAttiva();
+            Quadro()->ClickTasto(166);
+            Quadro()->ClickTasto(107);
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY(amb->Scatole.at(0).Testo.contains(QStringLiteral("9/1820")));
+        QCOMPARE(testo, QStringLiteral("_"));
+        QCOMPARE(tastiera, 1);
+        QCOMPARE(NumeroRigheScritte, int16_t(0));
+    }
+
+    // ---- what it looks like ----
+
+    void le_schermate_delle_lettere_e_dei_tasti_funzione() {
+        ModalitàFunzionamento = 4;
+        QImage lettere, funzioni;
+        QRect anello;
+        Copione c(*orologio);
+        for (const char* l : {"C", "I", "A", "O"})
+            Digita(c, Qt::Key_A, QString::fromLatin1(l), Qt::ShiftModifier);
+        int16_t corrente = 101;
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Down).Tasto(Qt::Key_Right).Tasto(Qt::Key_Right);
+        corrente = 123;
+        c.Esegui([&] {
+            QuadroScriviTesto* q = Quadro();
+            Schermata(q, QStringLiteral("tastiera-lettere"));
+            lettere = q->grab().toImage();
+            anello = q->CoronaTastoScriviTesto().value(123)->geometry();
+        });
+        Scegli4(c, corrente, 166, 10, 70);
+        c.Tasto(Qt::Key_Right).Tasto(Qt::Key_Right);
+        c.Esegui([&] {
+            Schermata(Quadro(), QStringLiteral("tastiera-funzioni"));
+            funzioni = Quadro()->grab().toImage();
+        });
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QVERIFY(!lettere.isNull());
+        // The ring shows green round the current key.
+        QCOMPARE(lettere.pixelColor(anello.topLeft() + QPoint(1, 1)), QColor(0, 255, 0));
+        QVERIFY(lettere != funzioni);
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("CIAO")}));
+    }
+};
+
+QTEST_MAIN(ProvaQuadroScriviTesto)
+#include "test_quadro_scrivi_testo.moc"
