@@ -103,11 +103,21 @@ void ComandiDisegno::Comando(int16_t indice) {
         else
             a_.Rifiuta();
         return;
+    case 119:
+        liberoDaElementi ? file_.NuovoDisegno() : a_.Rifiuta();
+        return;
+    case 130:
+        liberoDaElementi&& OggettoAttivo != 1 ? file_.LeggiDisegno() : a_.Rifiuta();
+        return;
+    case 131:
+        NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 1 ? file_.SalvaDisegno()
+                                                                   : a_.Rifiuta();
+        return;
     case 133:
         file_.ChiudiAmbiente();
         return;
     default:
-        // The colour, settings, element choice, text, picture, file and print commands
+        // The colour, settings, element choice, text, picture and print commands
         // come with their own panels; until then they only answer with a beep.
         a_.Rifiuta();
         return;

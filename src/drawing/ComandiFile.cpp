@@ -3,11 +3,210 @@
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/VistaSuperficie.h"
 #include "input/QuadroMessaggi.h"
 #include "model/CopiaLavoro.h"
+#include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "model/TracciaAzioni.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "panels/QuadroMostraLista.h"
+#include "panels/QuadroScriviTesto.h"
 #include "start/Bip.h"
 #include "start/GestioneErrori.h"
+#include "start/MenuGenerale.h"
+#include "start/Utilita.h"
+
+#include <QLabel>
+
+namespace {
+
+// The working copies go all together; the counter starts again.
+void NuovaStoria() {
+    EliminaCopieLavoro();
+    CodiceCopiaLavoro = BaseCopieLavoro;
+}
+
+} // namespace
+
+bool ComandiFile::NomeGiaUsato(const QString& nome) {
+    for (const RigaArchivio& riga : DisegniDellaCartella(CodiceCartellaAttiva))
+        if (StessoNome(riga.Nome, nome)) return true;
+    return false;
+}
+
+void ComandiFile::MostraNome() {
+    a_.ScrittaNomeDisegno->setText(QStringLiteral("« ") + NomeDisegnoCorrente +
+                                   QStringLiteral(" »"));
+}
+
+void ComandiFile::NuovoDisegno() {
+    ParcheggiaMouse();
+    if (Messaggio(QStringLiteral("Iniziare un Nuovo Disegno?"), 3, 2) == 2) {
+        a_.Riprendi();
+        return;
+    }
+    // Twice, as it has always been: the second finds nothing and does no harm.
+    EseguiPassi({{1242, [] {
+                      NuovaStoria();
+                      EliminaCopieLavoro();
+                  }}});
+    StatoDisegno = 2;
+    OggettoAttivo = 0;
+    SvuotaAzioni();
+    PrimaAzioneTraccia = 0;
+    UltimaAzioneTraccia = 0;
+    CodiceDisegnoCorrente = 0;
+    CodiceDisegnoDaCaricare = 0;
+    CodiceDisegnoDaRegistrare = 0;
+    NomeDisegnoCorrente.clear();
+    a_.Quadro.ImmagineVuota();
+    a_.QuadroDisegno->update();
+    a_.Riprendi();
+}
+
+void ComandiFile::LeggiDisegno() {
+    if (!NomeDisegnoCorrente.trimmed().isEmpty()) {
+        ParcheggiaMouse();
+        const int16_t esito =
+            Messaggio(Righe({QStringLiteral("E' stato richiesto il Caricamento di un"),
+                             QStringLiteral("Nuovo Disegno."), QStringLiteral("ATTENZIONE!"),
+                             QStringLiteral("Tutte le modifiche finora effettuate sul"),
+                             QStringLiteral("Disegno Attivo verranno perse se non"),
+                             QStringLiteral("sono state salvate!"),
+                             QStringLiteral("Premere «OK» per continuare"),
+                             QStringLiteral("o «Annulla» per abbandonare!")}),
+                      2, 3);
+        if (esito == 3) {
+            ComandoModifica = 0;
+            a_.Riprendi();
+            return;
+        }
+    }
+    ComandoModifica = 130;
+    TipoLista = 1;
+    ScegliDaLista();
+    const EtichettaLetta voce = LeggiEtichetta(VoceScelta);
+    const int64_t codice = voce.Valore();
+    if (VoceScelta.isEmpty() || codice < 1 || codice >= BaseCopieLavoro) {
+        ComandoModifica = 0;
+        a_.Riprendi();
+        return;
+    }
+    // The rows are read first: a drawing that does not read leaves the one on
+    // the canvas as it was.
+    CodiceDisegnoDaCaricare = static_cast<int32_t>(codice);
+    if (!EseguiPassi({{1268, [] { CaricaAzioniDisegno(); }}})) {
+        ComandoModifica = 0;
+        a_.Riprendi();
+        return;
+    }
+    CodiceDisegnoCorrente = static_cast<int32_t>(codice);
+    NomeDisegnoCorrente = voce.Nome;
+    MostraNome();
+    StatoDisegno = 1;
+    NumeroAzioni = NumeroAzioniUndo;
+    Azioni = AzioniUndo;
+    // A background chosen on the settings panel does not survive a load.
+    ColoreSfondo = Predefiniti::ColoreSfondo;
+    a_.Quadro.ImpostaBackColor(ColoreSfondo);
+    a_.RidisegnoCompleto();
+    a_.Quadro.Refresh();
+    // The loaded drawing is the first step of a new history.
+    EseguiPassi({{1268, [] {
+                      NuovaStoria();
+                      RegistraCopiaLavoro();
+                  }}});
+    ComandoModifica = 0;
+    a_.Riprendi();
+}
+
+void ComandiFile::SalvaDisegno() {
+    const QString nomeAttuale = NomeDisegnoCorrente.trimmed();
+    ParcheggiaMouse();
+    const QString domanda = nomeAttuale.isEmpty() ? QStringLiteral("Salvare il Disegno?")
+                                                  : QStringLiteral("Salvare il Disegno \r« ") +
+                                                        nomeAttuale + QStringLiteral(" »?");
+    if (Messaggio(domanda, 3, 1) == 2) {
+        a_.Riprendi();
+        return;
+    }
+    ComandoModifica = 131;
+    if (StatoDisegno == 1) {
+        NumeroRigheScritte = 1;
+        RigheScritte = QStringList{QString(), NomeDisegnoCorrente};
+    } else {
+        NumeroRigheScritte = 0;
+        RigheScritte = QStringList{QString()};
+    }
+    QString nome;
+    for (;;) {
+        SezioneCorrente = 1270;
+        if (ScriviTesto(LarghezzaNomeEtichetta) == 0) {
+            ComandoModifica = 0;
+            a_.Riprendi();
+            return;
+        }
+        nome = PulisciTesto(RigheScritte.at(1));
+        if (nome.isEmpty()) {
+            // Nothing to name it by: the keyboard opens again.
+            Bip();
+            NumeroRigheScritte = 0;
+            RigheScritte = QStringList{QString()};
+            continue;
+        }
+        SezioneCorrente = 1272;
+        const bool stesso = StatoDisegno == 1 && StessoNome(nome, NomeDisegnoCorrente);
+        if (stesso) {
+            ParcheggiaMouse();
+            const int16_t esito =
+                Messaggio(Righe({QStringLiteral("ATTENZIONE! Il Disegno è già esistente!"),
+                                 QStringLiteral("Se si prosegue,  il vecchio Disegno verrà"),
+                                 QStringLiteral("cancellato e sovrapposto con il presente."),
+                                 QStringLiteral("Premere «OK» per proseguire o «Annulla»"),
+                                 QStringLiteral("per non registrare e tornare a disegnare.")}),
+                          2, 3);
+            if (esito == 3) {
+                ComandoModifica = 0;
+                a_.Riprendi();
+                return;
+            }
+            RegistraComeNuovo = 0;
+            break;
+        }
+        // A second drawing of the same name in the folder would be one line
+        // too many in the list: a new name must be free, whatever the path.
+        bool libero = false;
+        EseguiPassi({{1272, [&] { libero = !NomeGiaUsato(nome); }}});
+        if (libero) {
+            RegistraComeNuovo = 1;
+            break;
+        }
+        ParcheggiaMouse();
+        Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                         QStringLiteral("Il Nome del Disegno è già esistente!"),
+                         QStringLiteral("La registrazione è impossibile!"),
+                         QStringLiteral("Si prega di cambiare il Nome scelto."),
+                         QStringLiteral("Premere «OK» per proseguire!")}),
+                  1, 1);
+    }
+    NomeDisegnoCorrente = nome;
+    MostraNome();
+    SezioneCorrente = 1274;
+    const bool salvato = RegistraDisegno(a_.Quadro);
+    ComandoModifica = 0;
+    // A save that failed has had its box from the error routine: no word of success.
+    if (salvato) {
+        ParcheggiaMouse();
+        Messaggio(Righe({QStringLiteral("Il Disegno è stato correttamente salvato"),
+                         QStringLiteral("nella Cartella denominata:"),
+                         QStringLiteral("« ") + NomeCartellaAttiva + QStringLiteral(" »."),
+                         QStringLiteral("Premere «OK» per continuare!")}),
+                  1, 1);
+    }
+    a_.Riprendi();
+}
 
 void ComandiFile::ChiudiAmbiente() {
     ParcheggiaMouse();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class AmbienteDisegno;
 
 // The commands that keep, open or leave a drawing.
@@ -7,8 +9,16 @@ class ComandiFile {
 public:
     explicit ComandiFile(AmbienteDisegno& ambiente) : a_(ambiente) {}
 
+    void NuovoDisegno();
+    void LeggiDisegno();
+    void SalvaDisegno();
     void ChiudiAmbiente();
 
 private:
+    // Is the name taken by another drawing of the active folder, as the user
+    // reads names (case and accents do not count)?
+    static bool NomeGiaUsato(const QString& nome);
+    void MostraNome();
+
     AmbienteDisegno& a_;
 };

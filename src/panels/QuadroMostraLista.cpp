@@ -4,10 +4,12 @@
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
+#include "panels/QuadroScriviTesto.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
 #include "start/Misure.h"
+#include "start/Utilita.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -272,7 +274,43 @@ void QuadroMostraLista::Conferma() {
 }
 
 void QuadroMostraLista::NuovaCartella() {
-    Bip();
+    NumeroRigheScritte = 0;
+    RigheScritte = QStringList{QString()};
+    if (ScriviTesto(LarghezzaNomeEtichetta) == 0) {
+        DopoCambio();
+        return;
+    }
+    // A line end or a run of blanks has no place in a folder's name.
+    const QString nome = PulisciTesto(RigheScritte.at(1));
+    if (nome.isEmpty()) {
+        DopoCambio();
+        return;
+    }
+    // The whole name, as the user reads it: case and accents do not count.
+    bool doppio = false;
+    for (int16_t i = 1; i <= NumeroVoci && !doppio; ++i)
+        doppio = StessoNome(LeggiEtichetta(VociLista.at(i)).Nome, nome);
+    if (doppio) {
+        Bip();
+        if (TipoLista == 2 || TipoLista == 4)
+            Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                             QStringLiteral("Il nome prescelto per la nuova Cartella è"),
+                             QStringLiteral("già esistente."),
+                             QStringLiteral("E' necessario scegliere una nome diverso!"),
+                             QStringLiteral("Premere «OK» per continuare!")}),
+                      1, 1);
+        DopoCambio();
+        return;
+    }
+    NomeNuovaCartella = nome;
+    if (TipoLista == 2) {
+        CreaCartellaDisegni();
+        RiempiListaCartelle();
+    } else if (TipoLista == 4) {
+        CreaCartellaOggetti();
+        RiempiListaCartelleObj();
+    }
+    DopoCambio();
 }
 
 void QuadroMostraLista::DopoCambio() {

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QRect>
 
+#include <cstdlib>
 #include <functional>
 
 // What the panel tests share: the front panel, and a run of a script inside
@@ -58,3 +59,30 @@ inline VistaPannello OsservaPannello() {
 inline constexpr uint32_t Verde = 0x00FF00;
 inline constexpr uint32_t Blu = 0x0000FF;
 inline constexpr uint32_t Magenta = 0xFF00FF;
+
+// Writes `testo` on the on-screen keyboard with the arrows of mode 4, from the
+// key under the ring (101 when it opens), then Fn and confirm.
+inline void ScriviConLeFrecce(Copione& c, const QString& testo) {
+    static const QString tasti = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ@€«»!?'");
+    int posto = 0;
+    auto vai = [&](int arrivo) {
+        const int righe = arrivo / 10 - posto / 10;
+        const int colonne = arrivo % 10 - posto % 10;
+        for (int i = 0; i < std::abs(righe); ++i)
+            c.Tasto(righe > 0 ? Qt::Key_Down : Qt::Key_Up);
+        for (int i = 0; i < std::abs(colonne); ++i)
+            c.Tasto(colonne > 0 ? Qt::Key_Right : Qt::Key_Left);
+        posto = arrivo;
+    };
+    for (const QChar ch : testo) {
+        int arrivo = tasti.indexOf(ch);
+        if (ch == QChar(u'.')) arrivo = 45;
+        if (ch == QChar(u'/')) arrivo = 63;
+        if (ch == QChar(u'À')) arrivo = 40;
+        if (ch == QChar(u' ')) arrivo = 34;
+        vai(arrivo);
+        c.Tasto(Qt::Key_Return);
+    }
+    vai(65); // "Fn"
+    c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+}

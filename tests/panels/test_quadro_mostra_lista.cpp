@@ -611,6 +611,91 @@ private slots:
         QCOMPARE(PercorsoCartellaDisegni(QStringLiteral("Città dell'Anna"), 4),
                  RadiceDati + QStringLiteral("/Disegni/Città dell'Anna"));
     }
+
+    // New folders: the name on the keyboard, the row and the directory.
+
+    void nuova_cartella_di_disegni_scritta_sulla_tastiera() {
+        TipoLista = 2;
+        ModoCartelle = 2;
+        int16_t corrente = 0;
+        QString prima;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral("CASA"));
+        c.Esegui([&] {
+            corrente = Lista()->Motore.TastoCorrente;
+            prima = Riga(101);
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(Conta(ArchivioDisegni,
+                       "SELECT CodiceCartella FROM TabCartelle WHERE NomeCartella = 'CASA'"),
+                 2);
+        QVERIFY(QDir(RadiceDati + QStringLiteral("/Disegni/CASA")).exists());
+        // Filled again with the new folder, and still open.
+        QCOMPARE(prima, ComponiEtichetta(QStringLiteral("CASA"), 2, FormatoEtichetta::Cartella));
+        QCOMPARE(corrente, int16_t(101));
+    }
+
+    void nuova_cartella_di_oggetti() {
+        TipoLista = 4;
+        ModoCartelle = 2;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral("GATTI"));
+        QVERIFY(Apri(c));
+        QCOMPARE(Conta(ArchivioOggetti, "SELECT CodiceCartellaObj FROM TabCartelleObj"
+                                        " WHERE NomeCartellaObj = 'GATTI'"),
+                 2);
+    }
+
+    void un_nome_gia_usato_senza_badare_a_maiuscole_e_accenti_e_rifiutato() {
+        TipoLista = 2;
+        ModoCartelle = 2;
+        Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabCartelle VALUES (2, 'Città')"));
+        QString messaggio;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral("CITTÀ"));
+        c.Esegui([&] { messaggio = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(messaggio, QStringLiteral("ATTENZIONE!\rIl nome prescelto per la nuova "
+                                           "Cartella è\rgià esistente.\rE' necessario "
+                                           "scegliere una nome diverso!\rPremere «OK» per "
+                                           "continuare!"));
+        QCOMPARE(Conta(ArchivioDisegni, "SELECT count(*) FROM TabCartelle"), 2);
+    }
+
+    void una_cartella_di_nome_punto_punto_resta_nella_directory_dei_disegni() {
+        TipoLista = 2;
+        ModoCartelle = 2;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral(".."));
+        QVERIFY(Apri(c));
+        QCOMPARE(Conta(ArchivioDisegni,
+                       "SELECT CodiceCartella FROM TabCartelle WHERE NomeCartella = '..'"),
+                 2);
+        const QString percorso = PercorsoCartellaDisegni(QStringLiteral(".."), 2);
+        QVERIFY(QDir(percorso).exists());
+        QCOMPARE(QFileInfo(percorso).dir().path(), RadiceDati + QStringLiteral("/Disegni"));
+    }
+
+    void nuova_disattivata_sui_disegni_apre_la_tastiera_e_non_crea_nulla() {
+        Disegni(1);
+        QString titolo;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
+        c.Tasto(Qt::Key_Return);
+        c.Esegui([&] { titolo = FormScansione::InPrimoPiano()->windowTitle(); });
+        ScriviConLeFrecce(c, QStringLiteral("A"));
+        QVERIFY(Apri(c));
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO»  -  Scrittura Testi"));
+        QCOMPARE(Conta(ArchivioDisegni, "SELECT count(*) FROM TabCartelle"), 1);
+    }
 };
 
 QTEST_MAIN(ProvaQuadroMostraLista)
