@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScreen>
-#include <QTextBlock>
 
 namespace {
 
