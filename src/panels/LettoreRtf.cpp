@@ -347,6 +347,9 @@ void Lettore::SimboloDiControllo(unsigned char c) {
     case '_':
         Scrivi(u'\u2011');
         break;
+    case '-': // the optional hyphen: shown only where the line breaks
+        Scrivi(u'\u00AD');
+        break;
     case '\t':
         Scrivi(u'\t');
         break;
@@ -354,7 +357,7 @@ void Lettore::SimboloDiControllo(unsigned char c) {
     case '\n': // a backslash before a line end is a paragraph
         Scrivi(u'\r');
         break;
-    default: // "\-" optional hyphen, "\:" index entry, "\|" formula: nothing to see
+    default: // "\:" index entry, "\|" formula: nothing to see
         break;
     }
 }
