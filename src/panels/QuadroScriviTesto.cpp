@@ -1,12 +1,17 @@
 #include "panels/QuadroScriviTesto.h"
 
 #include "input/IconaSvg.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "panels/LettoreRtf.h"
+#include "panels/QuadroMostraLista.h"
 #include "panels/QuadroSettaggiFont.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
 #include "start/Misure.h"
 #include "start/Numeri.h"
+#include "start/Utilita.h"
 
 #include <QFrame>
 #include <QGuiApplication>
@@ -294,6 +299,19 @@ void QuadroScriviTesto::ClickLettera(int16_t indice) {
     Riprendi();
 }
 
+void QuadroScriviTesto::ImportaTesto() {
+    TipoLista = 6;
+    ScegliDaLista();
+    if (VoceScelta.isEmpty()) return;
+    const int64_t indice = LeggiEtichetta(VoceScelta).Valore();
+    if (indice < 1 || indice > NumeroFile) return;
+    // The file replaces the text, with no limit; a "_" it holds takes the cursor.
+    EseguiPassi({{1880, [this, indice] {
+                      testo_.Imposta(LeggiFileRtf(ElencoFile.at(indice)) +
+                                     TestoConCursore::Cursore);
+                  }}});
+}
+
 void QuadroScriviTesto::ClickFunzione(int16_t indice) {
     const bool eraFermoInAlto = fermoInAlto_;
     fermoInAlto_ = false;
@@ -336,8 +354,7 @@ void QuadroScriviTesto::ClickFunzione(int16_t indice) {
         break;
     }
     case 110:
-        // The file import comes with the list panel.
-        Bip();
+        ImportaTesto();
         break;
     case 111:
         switch (testo_.Su()) {

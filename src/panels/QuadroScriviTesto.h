@@ -61,6 +61,7 @@ private:
     void MostraMaiuscole();
     bool OltreIlLimite() const;
     void Conferma();
+    void ImportaTesto();
     void Chiudi();
 
     TestoConCursore testo_;

@@ -311,27 +311,6 @@ private slots:
         QCOMPARE(ContatoreBip, 2);
     }
 
-    void il_110_suona_e_l_anello_riprende() {
-        ModalitàFunzionamento = 1;
-        Riapri({QStringLiteral("AB")});
-        QList<int> bip, inAttesa;
-        QString testo;
-        Copione c(*orologio);
-        c.Attendi(9000).Tasto(Qt::Key_Return);
-        c.Esegui([&] {
-            bip << ContatoreBip;
-            inAttesa << orologio->InAttesa();
-            testo = TestoOra();
-        });
-        c.Attendi(2000).Tasto(Qt::Key_Return); // 112 is refused, 101 beyond
-        c.Attendi(1000).Tasto(Qt::Key_Return);
-        QVERIFY(Apri(c));
-        QCOMPARE(bip, QList<int>{1});
-        QCOMPARE(inAttesa, QList<int>{1});
-        QCOMPARE(testo, QStringLiteral("AB_"));
-        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AB")}));
-    }
-
     void annulla_107_da_0_righe_e_perde_il_testo_che_era_venuto() {
         ModalitàFunzionamento = 4;
         Riapri({QStringLiteral("AB") + Cr, QStringLiteral("C")});

@@ -1,0 +1,132 @@
+// Key 110 of the keyboard: a rich text file of the files folder, chosen on
+// the list, takes the place of the text.
+#include "archive/Archivi.h"
+#include "panels/ProvaScriviTesto.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "support/AmbienteProva.h"
+#include "support/OrologioVirtuale.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+void ScriviFile(const QString& nome, const QByteArray& dati) {
+    QFile f(PercorsoFile() + '/' + nome);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(dati);
+}
+
+} // namespace
+
+class ProvaScriviTestoDaFile : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+
+    bool Apri(Copione& c) {
+        return EseguiNelPannello(c, [] { ScriviTesto(0); });
+    }
+    // Mode 1, on the function keys of "AB": the ring to 110 and the pick; in
+    // the list line 101 is picked at once, then the ring walks to confirm.
+    void Importa(Copione& c, bool conferma = true) {
+        c.Attendi(9000).Tasto(Qt::Key_Return);
+        if (conferma) {
+            c.Tasto(Qt::Key_Return).Attendi(21 * 1000).Tasto(Qt::Key_Return);
+        } else {
+            c.Attendi(24 * 1000).Tasto(Qt::Key_Return); // back, from 125
+        }
+    }
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>();
+        amb->ApriArchivi();
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+        ModalitàFunzionamento = 1;
+        Riapri({QStringLiteral("AB")});
+    }
+    void cleanup() {
+        orologio.reset();
+        amb.reset();
+    }
+
+    void il_testo_del_file_prende_il_posto_e_il_cursore_va_in_fondo() {
+        ScriviFile(QStringLiteral("lettera.rtf"),
+                   "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Cara nonna,\\par ti voglio bene}");
+        QString testo, titolo;
+        int16_t anello = 0;
+        Copione c(*orologio);
+        c.Attendi(9000).Tasto(Qt::Key_Return);
+        c.Esegui([&] { titolo = FormScansione::InPrimoPiano()->windowTitle(); });
+        c.Tasto(Qt::Key_Return).Attendi(21 * 1000).Tasto(Qt::Key_Return);
+        c.Esegui([&] {
+            testo = TestoOra();
+            anello = AnelloOra();
+        });
+        c.Tasto(Qt::Key_Right);                // nothing in mode 1: the ring is walking on its own
+        c.Attendi(3000).Tasto(Qt::Key_Return); // 110, 111, 112, then 101
+        QVERIFY(Apri(c));
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO» - Scelta File di Testo (Rtf)"));
+        QCOMPARE(testo, QStringLiteral("Cara nonna,\rti voglio bene_"));
+        QCOMPARE(anello, int16_t(110));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("Cara nonna,\r"),
+                                            QStringLiteral("ti voglio bene")}));
+    }
+
+    void un_segno_basso_nel_file_prende_il_cursore_e_l_ultimo_resta_un_carattere() {
+        ScriviFile(QStringLiteral("segni.rtf"), "{\\rtf1 A_B}");
+        QString testo;
+        Copione c(*orologio);
+        Importa(c);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Attendi(3000).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(testo, QStringLiteral("A_B_"));
+        QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AB_")}));
+    }
+
+    void il_limite_non_vale_per_il_file() {
+        ScriviFile(QStringLiteral("lungo.rtf"),
+                   QByteArray("{\\rtf1 ") + QByteArray(60, 'x') + QByteArray("}"));
+        QString testo;
+        Copione c(*orologio);
+        Importa(c);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Attendi(3000).Tasto(Qt::Key_Return);
+        QVERIFY(EseguiNelPannello(c, [] { ScriviTesto(40); }));
+        QCOMPARE(testo.size(), 61);
+    }
+
+    void indietro_dalla_lista_lascia_il_testo() {
+        ScriviFile(QStringLiteral("lettera.rtf"), "{\\rtf1 Ciao}");
+        QString testo;
+        Copione c(*orologio);
+        Importa(c, false);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Attendi(3000).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(testo, QStringLiteral("AB_"));
+    }
+
+    void un_file_rovinato_da_il_suo_errore_e_il_testo_resta() {
+        ScriviFile(QStringLiteral("rotto.rtf"), "{\\rtf1 {{{ Ciao");
+        QString testo;
+        Copione c(*orologio);
+        Importa(c);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Attendi(3000).Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(testo, QStringLiteral("AB_"));
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY(amb->Scatole.at(0).Testo.contains(QStringLiteral("321")));
+    }
+};
+
+QTEST_MAIN(ProvaScriviTestoDaFile)
+#include "test_scrivi_testo_da_file.moc"
