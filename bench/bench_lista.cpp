@@ -1,8 +1,8 @@
 // The list of drawings of a folder that holds 5,000 of them: the time from the
 // call to the panel shown and painted with its first twenty lines, and one step
 // of the view down, painted. Against them stand the time to read the same
-// names through SQLite's C interface with no check at all, and one repaint of
-// the panel with nothing changed.
+// names through SQLite's C interface with no check at all, and one rendering
+// of the panel with nothing changed.
 #include "Misura.h"
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
@@ -81,15 +81,16 @@ int main(int argc, char** argv) {
         QTimer::singleShot(0, [&] {
             auto* lista = dynamic_cast<QuadroMostraLista*>(FormScansione::InPrimoPiano());
             if (lista == nullptr) return;
-            lista->repaint();
+            // Offscreen a repaint may find nothing exposed: the panel is rendered whole.
+            lista->grab();
             aperture.push_back(double(orologio.nsecsElapsed()) / 1e6);
             for (int i = 0; i < 20; ++i)
                 passi.push_back(DurataMs([&] {
                     lista->ClickTasto(121);
-                    lista->repaint();
+                    lista->grab();
                 }));
             for (int i = 0; i < 20; ++i)
-                ridisegni.push_back(DurataMs([&] { lista->repaint(); }));
+                ridisegni.push_back(DurataMs([&] { lista->grab(); }));
             lista->ClickTasto(125);
         });
         TipoLista = 1;
@@ -103,9 +104,9 @@ int main(int argc, char** argv) {
     Stampa("lista_disegni_5000_apertura", apertura, "ms");
     Stampa("lista_disegni_5000_passo_giu", passo, "ms");
     Stampa("lettura_grezza_api_c_5000_nomi", grezza, "ms");
-    Stampa("ridisegno_pannello_invariato", ridisegno, "ms");
+    Stampa("disegno_pannello_invariato", ridisegno, "ms");
     Stampa("rapporto_apertura_su_lettura_grezza", apertura / grezza, "x");
-    Stampa("rapporto_passo_su_ridisegno", passo / ridisegno, "x");
+    Stampa("rapporto_passo_su_disegno_invariato", passo / ridisegno, "x");
     Stampa("apertura_su_obiettivo_100ms", apertura / 100.0, "x");
     Stampa("passo_su_obiettivo_16ms", passo / 16.0, "x");
     ChiudiArchivio(ArchivioDisegni);
