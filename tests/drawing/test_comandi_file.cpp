@@ -356,6 +356,35 @@ private slots:
                                       "1000000")),
                  2);
     }
+
+    void un_nome_con_l_apostrofo_si_salva_si_trova_e_collide() {
+        Apri(4);
+        Rettangolo(0);
+        Salva(QStringLiteral("L'ALBERO"));
+        QCOMPARE(NomeDisegnoCorrente, QStringLiteral("L'ALBERO"));
+        QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabDisegni WHERE NomeDisegno = "
+                                      "'L''ALBERO'")),
+                 1);
+        // A new drawing under the same name collides like any other.
+        Copione n(*orologio);
+        n.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        PremiCon(119, n);
+        Rettangolo(2);
+        QString avviso;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral("L'ALBERO"));
+        c.Esegui([&] { avviso = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Return); // cancel on the keyboard
+        PremiCon(131, c);
+        QVERIFY(avviso.contains(QStringLiteral("Il Nome del Disegno è già esistente!")));
+        // And it is read back from the list like any other.
+        Copione l(*orologio);
+        l.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+        PremiCon(130, l);
+        QCOMPARE(NomeDisegnoCorrente, QStringLiteral("L'ALBERO"));
+        QCOMPARE(NumeroAzioni, 1);
+    }
 };
 
 QTEST_MAIN(ProvaComandiFile)
