@@ -80,6 +80,8 @@ inline void ScriviConLeFrecce(Copione& c, const QString& testo) {
         if (ch == QChar(u'/')) arrivo = 63;
         if (ch == QChar(u'À')) arrivo = 40;
         if (ch == QChar(u' ')) arrivo = 34;
+        if (ch == QChar(u'%')) arrivo = 37;
+        if (ch.isDigit()) arrivo = ch == QChar(u'0') ? 59 : 50 + ch.digitValue() - 1;
         vai(arrivo);
         c.Tasto(Qt::Key_Return);
     }

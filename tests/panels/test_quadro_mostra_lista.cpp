@@ -696,6 +696,23 @@ private slots:
         QCOMPARE(titolo, QStringLiteral("Programma «ZANTO»  -  Scrittura Testi"));
         QCOMPARE(Conta(ArchivioDisegni, "SELECT count(*) FROM TabCartelle"), 1);
     }
+
+    void una_cartella_di_40_caratteri_con_percento_e_apostrofo() {
+        TipoLista = 2;
+        ModoCartelle = 2;
+        const QString nome = QStringLiteral("100% L'ARTE DI DISEGNARE CON UN TASTO OK");
+        QCOMPARE(nome.size(), 40);
+        QString prima;
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, nome);
+        c.Esegui([&] { prima = Riga(101); });
+        QVERIFY(Apri(c));
+        QCOMPARE(prima, ComponiEtichetta(nome, 2, FormatoEtichetta::Cartella));
+        QCOMPARE(LeggiEtichetta(prima).Nome, nome);
+        QVERIFY(QDir(PercorsoCartellaDisegni(nome, 2)).exists());
+    }
 };
 
 QTEST_MAIN(ProvaQuadroMostraLista)
