@@ -4,6 +4,7 @@
 // and for reading the time SQLite's C interface takes to step through the same
 // rows of the same file into records, with no check at all.
 
+#include "DatiBench.h"
 #include "Misura.h"
 
 #include "archive/Archivi.h"
@@ -111,13 +112,7 @@ bool LetturaGrezza(sqlite3* db, int32_t codice, QList<RecordAzione>& lista) {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QTemporaryDir cartella;
-    RadiceDati = cartella.filePath(QStringLiteral("zanto"));
-    const QString esito = InstallaDatiZanto(RadiceDati);
-    if (!esito.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(esito));
-        return 1;
-    }
-    ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
+    if (!PreparaDatiBench(cartella)) return 1;
     const QList<RecordAzione> lista = Lista();
 
     int32_t copia = BaseCopieLavoro;

@@ -3,6 +3,7 @@
 // of the view down, painted. Against them stand the time to read the same
 // names through SQLite's C interface with no check at all, and one rendering
 // of the panel with nothing changed.
+#include "DatiBench.h"
 #include "Misura.h"
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
@@ -53,13 +54,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QTemporaryDir cartella;
-    RadiceDati = cartella.filePath(QStringLiteral("zanto"));
-    const QString esito = InstallaDatiZanto(RadiceDati);
-    if (!esito.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(esito));
-        return 1;
-    }
-    ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
+    if (!PreparaDatiBench(cartella)) return 1;
     {
         QSqlDatabase db = Archivio(ArchivioDisegni);
         db.transaction();

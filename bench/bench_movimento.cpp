@@ -4,6 +4,7 @@
 // the refresh alone that every overlay starts with, and against the Fissa the
 // write of the same list without the rest.
 
+#include "DatiBench.h"
 #include "Misura.h"
 
 #include "archive/Archivi.h"
@@ -72,13 +73,7 @@ RecordAzione ACaso(QRandomGenerator& caso, int i, int32_t lato) {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QTemporaryDir cartella;
-    RadiceDati = cartella.filePath(QStringLiteral("zanto"));
-    const QString esito = InstallaDatiZanto(RadiceDati);
-    if (!esito.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(esito));
-        return 1;
-    }
-    ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
+    if (!PreparaDatiBench(cartella)) return 1;
     CodiceCartellaAttiva = 1;
 
     QRandomGenerator caso(2024);

@@ -5,9 +5,16 @@
 // the ring to a key and pick it.
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroScriviTesto.h"
+#include "start/Configurazione.h"
+#include "support/AmbienteProva.h"
+#include "support/OrologioVirtuale.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QtTest>
+
+#include <initializer_list>
+#include <memory>
 
 inline QuadroScriviTesto* Quadro() {
     return PannelloDavanti<QuadroScriviTesto>();
@@ -100,4 +107,34 @@ inline int Scegli4(Copione& c, int16_t& da, int16_t a, int colonne, int tutti) {
 inline void Riapri(const QStringList& righe) {
     RigheScritte = QStringList{QString()} + righe;
     NumeroRigheScritte = static_cast<int16_t>(righe.size());
+}
+
+// The world of one keyboard test: a data folder, the virtual clock and the
+// keys as the installer sets them; the keyboard opened with a script inside.
+struct MondoTastiera {
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+
+    void Prepara(bool installa = false) {
+        amb = std::make_unique<AmbienteProva>(installa);
+        if (installa) amb->ApriArchivi();
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+        TastoScelta = 1;
+        TastoScansione = 2;
+    }
+    void Libera() {
+        orologio.reset();
+        amb.reset();
+    }
+    bool Apri(Copione& c, int16_t limite = 0) {
+        return EseguiNelPannello(c, [=] { ScriviTesto(limite); });
+    }
+};
+
+// The rows of a test that runs in some working modes.
+inline void RigheDeiModi(std::initializer_list<int> modi) {
+    QTest::addColumn<int>("modo");
+    for (int modo : modi)
+        QTest::newRow(qPrintable(QStringLiteral("modo %1").arg(modo))) << modo;
 }

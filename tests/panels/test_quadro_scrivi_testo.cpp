@@ -15,28 +15,12 @@
 
 #include <memory>
 
-class ProvaQuadroScriviTesto : public QObject {
+class ProvaQuadroScriviTesto : public QObject, MondoTastiera {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-
-    bool Apri(Copione& c, int16_t limite = 0) {
-        return EseguiNelPannello(c, [=] { ScriviTesto(limite); });
-    }
-
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>(false);
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-        TastoScelta = 1;
-        TastoScansione = 2;
-    }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
 
     // ---- the form ----
 
@@ -339,9 +323,7 @@ private slots:
     }
 
     void su_sulla_riga_1_di_due_righe_suona_ferma_l_anello_e_la_scelta_ripete_il_tasto_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
+        RigheDeiModi({1, 2});
     }
     void su_sulla_riga_1_di_due_righe_suona_ferma_l_anello_e_la_scelta_ripete_il_tasto() {
         QFETCH(int, modo);

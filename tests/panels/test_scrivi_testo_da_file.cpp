@@ -4,13 +4,9 @@
 #include "panels/ProvaScriviTesto.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
-#include "support/AmbienteProva.h"
-#include "support/OrologioVirtuale.h"
 
 #include <QFile>
 #include <QtTest>
-
-#include <memory>
 
 namespace {
 
@@ -22,39 +18,34 @@ void ScriviFile(const QString& nome, const QByteArray& dati) {
 
 } // namespace
 
-class ProvaScriviTestoDaFile : public QObject {
+class ProvaScriviTestoDaFile : public QObject, MondoTastiera {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-
-    bool Apri(Copione& c) {
-        return EseguiNelPannello(c, [] { ScriviTesto(0); });
-    }
     // Mode 1, on the function keys of "AB": the ring to 110 and the pick; in
-    // the list line 101 is picked at once, then the ring walks to confirm.
-    void Importa(Copione& c, bool conferma = true) {
+    // the list line 101 is picked at once and the ring walks on to confirm (or
+    // on to back, 125). Gives the text the keyboard then holds; the keyboard
+    // is confirmed afterwards.
+    QString Importa(bool conferma = true, int16_t limite = 0) {
+        QString testo;
+        Copione c(*orologio);
         c.Attendi(9000).Tasto(Qt::Key_Return);
-        if (conferma) {
+        if (conferma)
             c.Tasto(Qt::Key_Return).Attendi(21 * 1000).Tasto(Qt::Key_Return);
-        } else {
-            c.Attendi(24 * 1000).Tasto(Qt::Key_Return); // back, from 125
-        }
+        else
+            c.Attendi(24 * 1000).Tasto(Qt::Key_Return);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Attendi(3000).Tasto(Qt::Key_Return); // 110, 111, 112, then 101
+        if (!Apri(c, limite)) return QStringLiteral("?");
+        return testo;
     }
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        Prepara(true);
         ModalitàFunzionamento = 1;
         Riapri({QStringLiteral("AB")});
     }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void il_testo_del_file_prende_il_posto_e_il_cursore_va_in_fondo() {
         ScriviFile(QStringLiteral("lettera.rtf"),
@@ -81,12 +72,7 @@ private slots:
 
     void un_segno_basso_nel_file_prende_il_cursore_e_l_ultimo_resta_un_carattere() {
         ScriviFile(QStringLiteral("segni.rtf"), "{\\rtf1 A_B}");
-        QString testo;
-        Copione c(*orologio);
-        Importa(c);
-        c.Esegui([&] { testo = TestoOra(); });
-        c.Attendi(3000).Tasto(Qt::Key_Return);
-        QVERIFY(Apri(c));
+        const QString testo = Importa();
         QCOMPARE(testo, QStringLiteral("A_B_"));
         QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("AB_")}));
     }
@@ -94,34 +80,19 @@ private slots:
     void il_limite_non_vale_per_il_file() {
         ScriviFile(QStringLiteral("lungo.rtf"),
                    QByteArray("{\\rtf1 ") + QByteArray(60, 'x') + QByteArray("}"));
-        QString testo;
-        Copione c(*orologio);
-        Importa(c);
-        c.Esegui([&] { testo = TestoOra(); });
-        c.Attendi(3000).Tasto(Qt::Key_Return);
-        QVERIFY(EseguiNelPannello(c, [] { ScriviTesto(40); }));
+        const QString testo = Importa(true, 40);
         QCOMPARE(testo.size(), 61);
     }
 
     void indietro_dalla_lista_lascia_il_testo() {
         ScriviFile(QStringLiteral("lettera.rtf"), "{\\rtf1 Ciao}");
-        QString testo;
-        Copione c(*orologio);
-        Importa(c, false);
-        c.Esegui([&] { testo = TestoOra(); });
-        c.Attendi(3000).Tasto(Qt::Key_Return);
-        QVERIFY(Apri(c));
+        const QString testo = Importa(false);
         QCOMPARE(testo, QStringLiteral("AB_"));
     }
 
     void un_file_rovinato_da_il_suo_errore_e_il_testo_resta() {
         ScriviFile(QStringLiteral("rotto.rtf"), "{\\rtf1 {{{ Ciao");
-        QString testo;
-        Copione c(*orologio);
-        Importa(c);
-        c.Esegui([&] { testo = TestoOra(); });
-        c.Attendi(3000).Tasto(Qt::Key_Return);
-        QVERIFY(Apri(c));
+        const QString testo = Importa();
         QCOMPARE(testo, QStringLiteral("AB_"));
         QCOMPARE(amb->Scatole.size(), 1);
         QVERIFY(amb->Scatole.at(0).Testo.contains(QStringLiteral("321")));

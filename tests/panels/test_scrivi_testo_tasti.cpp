@@ -15,28 +15,12 @@
 
 #include <memory>
 
-class ProvaScriviTestoTasti : public QObject {
+class ProvaScriviTestoTasti : public QObject, MondoTastiera {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-
-    bool Apri(Copione& c, int16_t limite = 0) {
-        return EseguiNelPannello(c, [=] { ScriviTesto(limite); });
-    }
-
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>(false);
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-        TastoScelta = 1;
-        TastoScansione = 2;
-    }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
 
     // ---- a one-switch user and the same name by the other ways ----
 
@@ -407,12 +391,7 @@ private slots:
         QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("Bb")}));
     }
 
-    void i_tasti_fisici_scrivono_solo_nel_modo_4_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
-        QTest::newRow("modo 3") << 3;
-    }
+    void i_tasti_fisici_scrivono_solo_nel_modo_4_data() { RigheDeiModi({1, 2, 3}); }
     void i_tasti_fisici_scrivono_solo_nel_modo_4() {
         QFETCH(int, modo);
         ModalitàFunzionamento = static_cast<int16_t>(modo);
@@ -464,13 +443,7 @@ private slots:
         QCOMPARE(RigheScritte, (QStringList{QString(), QStringLiteral("A")}));
     }
 
-    void il_tasto_canc_cancella_come_del_in_ogni_modo_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
-        QTest::newRow("modo 3") << 3;
-        QTest::newRow("modo 4") << 4;
-    }
+    void il_tasto_canc_cancella_come_del_in_ogni_modo_data() { RigheDeiModi({1, 2, 3, 4}); }
     void il_tasto_canc_cancella_come_del_in_ogni_modo() {
         QFETCH(int, modo);
         ModalitàFunzionamento = static_cast<int16_t>(modo);
