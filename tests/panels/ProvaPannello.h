@@ -60,10 +60,22 @@ inline constexpr uint32_t Verde = 0x00FF00;
 inline constexpr uint32_t Blu = 0x0000FF;
 inline constexpr uint32_t Magenta = 0xFF00FF;
 
+// The place of a character's key among the letter keys, from 0 for 101.
+inline int PostoTasto(QChar ch) {
+    static const QString tasti = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ@€«»!?'");
+    if (ch == QChar(u'.')) return 45;
+    if (ch == QChar(u'/')) return 63;
+    if (ch == QChar(u'À')) return 40;
+    if (ch == QChar(u' ')) return 34;
+    if (ch == QChar(u'%')) return 37;
+    if (ch.isDigit()) return ch == QChar(u'0') ? 59 : 50 + ch.digitValue() - 1;
+    return tasti.indexOf(ch);
+}
+inline constexpr int PostoFn = 65;
+
 // Writes `testo` on the on-screen keyboard with the arrows of mode 4, from the
 // key under the ring (101 when it opens), then Fn and confirm.
 inline void ScriviConLeFrecce(Copione& c, const QString& testo) {
-    static const QString tasti = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ@€«»!?'");
     int posto = 0;
     auto vai = [&](int arrivo) {
         const int righe = arrivo / 10 - posto / 10;
@@ -75,16 +87,23 @@ inline void ScriviConLeFrecce(Copione& c, const QString& testo) {
         posto = arrivo;
     };
     for (const QChar ch : testo) {
-        int arrivo = tasti.indexOf(ch);
-        if (ch == QChar(u'.')) arrivo = 45;
-        if (ch == QChar(u'/')) arrivo = 63;
-        if (ch == QChar(u'À')) arrivo = 40;
-        if (ch == QChar(u' ')) arrivo = 34;
-        if (ch == QChar(u'%')) arrivo = 37;
-        if (ch.isDigit()) arrivo = ch == QChar(u'0') ? 59 : 50 + ch.digitValue() - 1;
-        vai(arrivo);
+        vai(PostoTasto(ch));
         c.Tasto(Qt::Key_Return);
     }
-    vai(65); // "Fn"
+    vai(PostoFn);
     c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+}
+
+// The same as a one-switch user writes it in mode 1: from 101, the dwells to
+// each key, the ring staying on the key picked; then Fn and confirm.
+inline void ScriviInModo1(Copione& c, const QString& testo, int64_t sosta) {
+    int posto = 0;
+    auto vai = [&](int arrivo) {
+        c.Attendi((arrivo - posto + 70) % 70 * sosta).Tasto(Qt::Key_Return);
+        posto = arrivo;
+    };
+    for (const QChar ch : testo)
+        vai(PostoTasto(ch));
+    vai(PostoFn);
+    c.Tasto(Qt::Key_Return); // the ring starts on confirm
 }
