@@ -22,7 +22,11 @@ constexpr int LarghezzaScala = 14535;
 constexpr int AltezzaScala = 510;
 // The strip lies over the top band of the slider's box, whose groove and
 // ticks stand in the lower band: the surface above fills the height up to it.
-constexpr int AltezzaLinea = 240;
+// It runs a little past the slider's right end, so that the number, which
+// steps (width - 300) / steps from 60 twips in, stays over the thumb, which
+// steps a handle's length less than the slider's width.
+constexpr int AltezzaLinea = 180;
+constexpr int LarghezzaLinea = LarghezzaScala + 150;
 constexpr int SinistraDisegno = SinistraScala + (LarghezzaScala - LarghezzaQuadroDisegno) / 2;
 constexpr int AltoScritte = AltoScala + AltezzaScala + 30;
 constexpr int AltezzaScritte = 285;
@@ -52,7 +56,7 @@ QLabel* Scritta(QWidget* genitore, int sinistra, const QString& testo, Qt::Align
 } // namespace
 
 QuadroUndo::QuadroUndo(QWidget* genitore)
-    : FormScansione(0, 0, genitore), LineaTempoUndo(LarghezzaScala, AltezzaLinea),
+    : FormScansione(0, 0, genitore), LineaTempoUndo(LarghezzaLinea, AltezzaLinea),
       QuadroDisegnoUndo(LarghezzaQuadroDisegno, AltezzaQuadroDisegno) {
     setObjectName(QStringLiteral("QuadroUndo"));
     setWindowTitle(QStringLiteral("Programma «ZANTO»  -  Annullamento Azioni"));
@@ -75,7 +79,7 @@ QuadroUndo::QuadroUndo(QWidget* genitore)
     ScalaUndo->setGeometry(RettangoloTwips(SinistraScala, AltoScala, LarghezzaScala, AltezzaScala));
     ScalaUndo->setFocusPolicy(Qt::NoFocus);
     ScalaUndo->setAttribute(Qt::WA_TransparentForMouseEvents);
-    ScalaUndo->setTickPosition(QSlider::TicksBelow);
+    ScalaUndo->setTickPosition(QSlider::TicksBothSides);
     ScalaUndo->setAccessibleName(QStringLiteral("Passo"));
 
     LineaTempoUndo.ImpostaBackColor(SfondoLinea);
@@ -83,11 +87,11 @@ QuadroUndo::QuadroUndo(QWidget* genitore)
     VistaLineaTempo = new VistaSuperficie(LineaTempoUndo, this);
     VistaLineaTempo->setObjectName(QStringLiteral("LineaTempoUndo"));
     VistaLineaTempo->setGeometry(
-        RettangoloTwips(SinistraScala, AltoScala, LarghezzaScala, AltezzaLinea));
+        RettangoloTwips(SinistraScala, AltoScala, LarghezzaLinea, AltezzaLinea));
 
     ScrittaUndo.insert(101, Scritta(this, SinistraScala, QStringLiteral("PRIMA"), Qt::AlignLeft));
-    ScrittaUndo.insert(102, Scritta(this, SinistraScala + LarghezzaScritta, QString(),
-                                    Qt::AlignHCenter));
+    ScrittaUndo.insert(
+        102, Scritta(this, SinistraScala + LarghezzaScritta, QString(), Qt::AlignHCenter));
     ScrittaUndo.value(102)->resize(Px(LarghezzaScala - 2 * LarghezzaScritta), Px(AltezzaScritte));
     ScrittaUndo.insert(103, Scritta(this, SinistraScala + LarghezzaScala - LarghezzaScritta,
                                     QStringLiteral("ADESSO"), Qt::AlignRight));
@@ -122,10 +126,9 @@ void QuadroUndo::AttivaQuadroUndo() {
         {6220,
          [this] {
              PassoUndo = Intero16(static_cast<int64_t>(PassiDisponibili));
-             if (PassiDisponibili == 0)
-                 throw ErroreZanto{11, QStringLiteral("Divisione per zero")};
-             LarghezzaPasso = Intero16(
-                 Arrotonda(double(LarghezzaScala - 300) / double(PassiDisponibili)));
+             if (PassiDisponibili == 0) throw ErroreZanto{11, QStringLiteral("Divisione per zero")};
+             LarghezzaPasso =
+                 Intero16(Arrotonda(double(LarghezzaLinea - 300) / double(PassiDisponibili)));
          }},
         {6230,
          [this] {
