@@ -31,7 +31,9 @@ constexpr int SinistraDisegno = SinistraScala + (LarghezzaScala - LarghezzaQuadr
 constexpr int AltoScritte = AltoScala + AltezzaScala + 30;
 constexpr int AltezzaScritte = 285;
 constexpr int LarghezzaScritta = 1500;
-constexpr int LarghezzaQuadro = 2 * SinistraScala + LarghezzaScala;
+// Narrower than the drawing screen by room for a window frame, so that the
+// panel placed on its client corner stays within it.
+constexpr int LarghezzaQuadro = SinistraScala + LarghezzaLinea;
 constexpr int AltezzaQuadro = AltoScritte + AltezzaScritte + 45;
 
 constexpr uint32_t SfondoQuadro = 0x808080; // RGB
