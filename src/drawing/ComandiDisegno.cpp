@@ -37,7 +37,11 @@ void ComandiDisegno::Comando(int16_t indice) {
         primitive_.Fissa();
         return;
     case 118:
-        primitive_.Annulla();
+        // Nothing open: back in the history; else the open thing is dropped.
+        if (OggettoAttivo != 1 && liberoDaElementi)
+            storia_.TornaNellaStoria();
+        else
+            primitive_.Annulla();
         return;
     case 101:
     case 102:

@@ -3,6 +3,7 @@
 #include "drawing/ComandiFile.h"
 #include "drawing/ComandiOggetti.h"
 #include "drawing/ComandiPrimitive.h"
+#include "drawing/ComandiStoria.h"
 
 #include <cstdint>
 
@@ -17,7 +18,8 @@ int16_t MarcaComando(int16_t indice);
 class ComandiDisegno {
 public:
     explicit ComandiDisegno(AmbienteDisegno& ambiente)
-        : a_(ambiente), primitive_(ambiente), oggetti_(ambiente), file_(ambiente) {}
+        : a_(ambiente), primitive_(ambiente), oggetti_(ambiente), file_(ambiente),
+          storia_(ambiente) {}
 
     void TastoDisegno_Click(int16_t indice);
 
@@ -28,4 +30,5 @@ private:
     ComandiPrimitive primitive_;
     ComandiOggetti oggetti_;
     ComandiFile file_;
+    ComandiStoria storia_;
 };

@@ -203,11 +203,6 @@ void ComandiPrimitive::Annulla() {
         a_.Riprendi();
         return;
     }
-    if (ComandoModifica < 1 && PrimitivaAttiva < 1) {
-        // Going back in the history needs the undo panel, which comes with its own work.
-        a_.Rifiuta();
-        return;
-    }
     if (PrimitivaAttiva == 114) {
         a_.IconaMirino->hide();
         ComandoModifica = 0;

@@ -6,7 +6,7 @@ class AmbienteDisegno;
 
 // The commands that make and change one element: the four primitives, the
 // edit commands and their end, the fill, full or empty shapes, the copy of the
-// last element, Fissa and the cancel meaning of Annulla.
+// last element, Fissa, and Annulla when an element or an object is open.
 class ComandiPrimitive {
 public:
     explicit ComandiPrimitive(AmbienteDisegno& ambiente) : a_(ambiente) {}

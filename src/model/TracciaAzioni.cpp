@@ -121,22 +121,28 @@ void TracciaAzione(Superficie& s, const RecordAzione& a) {
 }
 
 void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista) {
+    TracciaLista(superficie, lista, PrimaAzioneTraccia, UltimaAzioneTraccia);
+}
+
+void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
+                  int32_t ultima, bool riempimentoPerAzione) {
     // The index lives outside the step, so that a retry starts again at the
     // action that failed and not at the first one.
-    int32_t indice = PrimaAzioneTraccia;
+    int32_t indice = prima;
     QHash<QString, QImage> lette;
-    QHash<QString, QImage>* const prima = std::exchange(LetteNellaTraccia, &lette);
+    QHash<QString, QImage>* const lettePrima = std::exchange(LetteNellaTraccia, &lette);
     struct Ripristino {
         QHash<QString, QImage>* Prima;
         ~Ripristino() { LetteNellaTraccia = Prima; }
-    } ripristino{prima};
+    } ripristino{lettePrima};
     EseguiPassi({
         {3200, [&] { superficie.AutoRedraw = true; }},
         {3210,
          [&] {
-             for (; indice <= UltimaAzioneTraccia; ++indice) {
+             for (; indice <= ultima; ++indice) {
                  if (indice < 1 || indice >= lista.size())
                      throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+                 if (riempimentoPerAzione) superficie.FillStyle = 1;
                  TracciaAzione(superficie, lista[indice]);
              }
          }},

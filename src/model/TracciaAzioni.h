@@ -22,5 +22,12 @@ inline constexpr float RaggioTondino = 50;
 // there, with AutoRedraw still on.
 void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista = Azioni);
 
+// The same replay of actions `prima`..`ultima` of `lista`, leaving the shared
+// range alone. With `riempimentoPerAzione` each action starts from FillStyle 1,
+// so that no fill passes from one action to the next, as the undo panel shows
+// its steps.
+void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
+                  int32_t ultima, bool riempimentoPerAzione = false);
+
 // One action drawn with the surface's current keep state, as replay draws it.
 void TracciaAzione(Superficie& superficie, const RecordAzione& azione);

@@ -8,6 +8,7 @@
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "panels/QuadroUndo.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
@@ -58,9 +59,10 @@ struct Foto {
     }
 };
 
-// What opens above the screen when the button acts.
-// A question or a list is answered "no" or left by its last button.
-enum class Pannello { Nessuno, Direzione, Ribaltamenti, Domanda, Lista };
+// What opens above the screen when the button acts. Storia is the undo panel
+// and then the question of the message panel; a question or a list is
+// answered "no" or left by its last button.
+enum class Pannello { Nessuno, Direzione, Ribaltamenti, Storia, Domanda, Lista };
 
 using Condizione = std::function<bool(const Stato&)>;
 using Effetto = std::function<bool(int16_t tasto, const Foto& prima, const Foto& dopo)>;
@@ -72,9 +74,12 @@ struct Riga {
     Pannello Apre = Pannello::Nessuno;
     // Where its panel is not built yet the button can only beep.
     Condizione Manca = [](const Stato&) { return false; };
+    // The states in which it acts through its panel; elsewhere it acts without one.
+    Condizione ApreIn = [](const Stato&) { return true; };
 };
 
 const Condizione Sempre = [](const Stato&) { return true; };
+const Condizione Mai = [](const Stato&) { return false; };
 const Effetto NonProvato = [](int16_t, const Foto&, const Foto&) { return true; };
 const Effetto NienteCambia = [](int16_t, const Foto& p, const Foto& d) { return d.StessoStato(p); };
 
@@ -123,12 +128,13 @@ const QList<Riga>& Tabella() {
          [](int16_t, const Foto& p, const Foto& d) {
              return d.P == 0 && (d.N != p.N || d.O != p.O);
          }},
-        // With nothing open it goes back in the history, which needs a working copy.
+        // With nothing open it goes back in the history, which needs a working
+        // copy: here to step 0, confirmed, which empties the drawing.
         {118, [](const Stato& s) { return s.O == 1 || !Libero(s) || s.Copie; },
          [](int16_t, const Foto& p, const Foto& d) {
              return d.P == 0 && d.O == 0 && !d.StessoStato(p);
          },
-         Pannello::Nessuno, [](const Stato& s) { return s.O != 1 && Libero(s); }},
+         Pannello::Storia, Mai, [](const Stato& s) { return s.O != 1 && Libero(s); }},
         {119, Libero, NienteCambia, Pannello::Domanda},
         {120, ComeSelezione,
          [](int16_t, const Foto&, const Foto& d) { return d.P == 120 && d.C == 113; },
@@ -306,6 +312,25 @@ class ProvaTabellaComandi : public QObject {
                 pannelloVisto = f->windowTitle();
                 f->ClickTasto(f->Motore.Ultimo);
             });
+        if (apre == Pannello::Storia) {
+            // One step of the mode at a time: to step 0 on the time line, then
+            // from "Annulla" to "OK" on the question.
+            const auto passo = [this] {
+                if (modo == 4)
+                    PremiTasto(Qt::Key_Left);
+                else if (modo == 3)
+                    PremiTasto(Qt::Key_Space);
+                else
+                    orologio->Avanza(TempoLatenzaScansione);
+            };
+            c.Esegui([passo] {
+                for (int i = 0; i < 40 && PassoUndo != 0; ++i)
+                    passo();
+            });
+            c.Tasto(Qt::Key_Return);
+            c.Esegui(passo);
+            c.Tasto(Qt::Key_Return);
+        }
         if (apre == Pannello::Direzione && modo != 4) {
             if (dentro) c.Esegui(dentro);
             ChiudiDirezione(c);
@@ -377,8 +402,8 @@ class ProvaTabellaComandi : public QObject {
         pannelloVisto.clear();
         std::optional<Foto> dentro;
         const QString nome = QStringLiteral("tasto %1").arg(r.Tasto);
-        Spara(r.Tasto, agisce && !rosso ? r.Apre : Pannello::Nessuno, true,
-              [&dentro] { dentro = Foto::Ora(); });
+        const Pannello apre = agisce && !rosso && r.ApreIn(st) ? r.Apre : Pannello::Nessuno;
+        Spara(r.Tasto, apre, true, [&dentro] { dentro = Foto::Ora(); });
         if (QTest::currentTestFailed()) return;
         QVERIFY2(!pannelloInatteso, qPrintable(nome + QStringLiteral(": a panel opened")));
         const Foto dopo = Foto::Ora();
@@ -397,16 +422,18 @@ class ProvaTabellaComandi : public QObject {
             QVERIFY2(dopo.Bip == prima.Bip, qPrintable(nome + QStringLiteral(": it beeped")));
             return;
         }
-        // A question beeps as it opens, as every message does, and so does the
-        // list of a folder with no drawing as it fills.
-        const int bipDomanda = r.Apre == Pannello::Domanda || r.Apre == Pannello::Lista ? 1 : 0;
-        QVERIFY2(dopo.Bip == prima.Bip + bipDomanda,
+        // A question sounds as it opens, as every question of the program does,
+        // and so does the list of a folder with no drawing as it fills.
+        const int bipAttesi =
+            apre == Pannello::Storia || apre == Pannello::Domanda || apre == Pannello::Lista ? 1
+                                                                                             : 0;
+        QVERIFY2(dopo.Bip == prima.Bip + bipAttesi,
                  qPrintable(nome + QStringLiteral(": it beeped")));
-        if (r.Apre == Pannello::Domanda)
+        if (apre == Pannello::Domanda)
             QVERIFY2(pannelloVisto ==
                          QStringLiteral("Programma «ZANTO»  -  INFORMAZIONI  E  SCELTE"),
                      qPrintable(nome + QStringLiteral(": no question")));
-        if (r.Apre == Pannello::Lista)
+        if (apre == Pannello::Lista)
             QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO» - Scelta Disegno"),
                      qPrintable(nome + QStringLiteral(": no list")));
         if (rosso) {

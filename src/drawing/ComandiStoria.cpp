@@ -1,0 +1,50 @@
+#include "drawing/ComandiStoria.h"
+
+#include "archive/ArchivioAzioni.h"
+#include "drawing/AmbienteDisegno.h"
+#include "input/QuadroMessaggi.h"
+#include "model/RecordAzione.h"
+#include "model/StatoAmbiente.h"
+#include "model/TracciaAzioni.h"
+#include "panels/QuadroUndo.h"
+#include "start/Bip.h"
+#include "start/GestioneErrori.h"
+
+void ComandiStoria::TornaNellaStoria() {
+    if (CodiceCopiaLavoro == BaseCopieLavoro) {
+        a_.Rifiuta();
+        return;
+    }
+    ApriQuadroUndo();
+    ParcheggiaMouse();
+    if (Messaggio(QStringLiteral("Recupero precedente Disegno?"), 2, 3) == 3) {
+        a_.Riprendi();
+        return;
+    }
+    if (PassoUndo != 0) {
+        // The copy becomes Azioni only once it has been read whole: a copy that
+        // does not read leaves the drawing as it was.
+        EseguiPassi({
+            {1204,
+             [] {
+                 CodiceDisegnoDaCaricare = BaseCopieLavoro + PassoUndo;
+                 CaricaAzioniDisegno();
+                 CopiaAzioniUndoInAzioni(); // NumeroAzioni too, the whole copy
+             }},
+            {1204, [this] { a_.RidisegnoCompleto(); }},
+        });
+        a_.Riprendi();
+        return;
+    }
+    StatoDisegno = 2;
+    OggettoAttivo = 0;
+    AzzeraNumeroAzioni();
+    PrimaAzioneTraccia = 0;
+    UltimaAzioneTraccia = 0;
+    CodiceDisegnoCorrente = 0;
+    CodiceDisegnoDaCaricare = 0;
+    CodiceDisegnoDaRegistrare = 0;
+    NomeDisegnoCorrente.clear();
+    a_.Quadro.ImmagineVuota();
+    a_.Riprendi();
+}
