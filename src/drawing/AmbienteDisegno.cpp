@@ -1,5 +1,6 @@
 #include "drawing/AmbienteDisegno.h"
 
+#include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/ComandiDisegno.h"
 #include "drawing/MotoreMovimento.h"
@@ -275,6 +276,20 @@ void AmbienteDisegno::RidisegnoCompleto() {
     PrimaAzioneTraccia = 1;
     UltimaAzioneTraccia = Intero16(static_cast<int64_t>(NumeroAzioni));
     TracciaAzioni(Quadro);
+}
+
+void AmbienteDisegno::DisegnoVuoto() {
+    StatoDisegno = 2;
+    OggettoAttivo = 0;
+    SvuotaAzioni();
+    PrimaAzioneTraccia = 0;
+    UltimaAzioneTraccia = 0;
+    CodiceDisegnoCorrente = 0;
+    CodiceDisegnoDaCaricare = 0;
+    CodiceDisegnoDaRegistrare = 0;
+    NomeDisegnoCorrente.clear();
+    Quadro.ImmagineVuota();
+    QuadroDisegno->update();
 }
 
 void AmbienteDisegno::PosizionaMirino() {

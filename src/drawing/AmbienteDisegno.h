@@ -40,6 +40,9 @@ public:
 
     // Clears the canvas and replays the whole drawing.
     void RidisegnoCompleto();
+    // A new, empty drawing without a name, as "Nuovo Disegno" and step 0 of
+    // the history leave it; the name shown stays until another is written.
+    void DisegnoVuoto();
     // The crosshair of a fill follows ElementoInCostruzione's point.
     void PosizionaMirino();
     void MostraColori();

@@ -52,17 +52,7 @@ void ComandiFile::NuovoDisegno() {
                       NuovaStoria();
                       EliminaCopieLavoro();
                   }}});
-    StatoDisegno = 2;
-    OggettoAttivo = 0;
-    SvuotaAzioni();
-    PrimaAzioneTraccia = 0;
-    UltimaAzioneTraccia = 0;
-    CodiceDisegnoCorrente = 0;
-    CodiceDisegnoDaCaricare = 0;
-    CodiceDisegnoDaRegistrare = 0;
-    NomeDisegnoCorrente.clear();
-    a_.Quadro.ImmagineVuota();
-    a_.QuadroDisegno->update();
+    a_.DisegnoVuoto();
     a_.Riprendi();
 }
 

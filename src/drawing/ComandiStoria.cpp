@@ -36,15 +36,6 @@ void ComandiStoria::TornaNellaStoria() {
         a_.Riprendi();
         return;
     }
-    StatoDisegno = 2;
-    OggettoAttivo = 0;
-    AzzeraNumeroAzioni();
-    PrimaAzioneTraccia = 0;
-    UltimaAzioneTraccia = 0;
-    CodiceDisegnoCorrente = 0;
-    CodiceDisegnoDaCaricare = 0;
-    CodiceDisegnoDaRegistrare = 0;
-    NomeDisegnoCorrente.clear();
-    a_.Quadro.ImmagineVuota();
+    a_.DisegnoVuoto();
     a_.Riprendi();
 }

@@ -3,9 +3,13 @@
 #include "drawing/AmbienteDisegno.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
+#include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/OrologioVirtuale.h"
 
 #include <QtTest>
+
+#include <memory>
 
 // How the drawing tests drive the screen: opened in a mode on the system
 // folder, and in mode 4 the ring walked by arrows to a button that Enter fires.
@@ -43,3 +47,27 @@ inline void LineaSelezionata(AmbienteDisegno* a) {
 }
 
 } // namespace GuidaDisegno
+
+// The world of one drawing-screen test: a data folder with its archives open,
+// the virtual clock with a dwell of one second, and the screen once opened.
+struct MondoDisegno {
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+    AmbienteDisegno* a = nullptr;
+
+    void Prepara() {
+        amb = std::make_unique<AmbienteProva>();
+        amb->ApriArchivi();
+        orologio = std::make_unique<OrologioVirtuale>();
+        TempoLatenzaScansione = 1000;
+        a = nullptr;
+    }
+    void Libera() {
+        DistruggiAmbienteDisegno();
+        DistruggiMenùGenerale();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        a = nullptr;
+        orologio.reset();
+        amb.reset();
+    }
+};

@@ -39,12 +39,8 @@ int Copie() {
 
 } // namespace
 
-class ProvaComandiFile : public QObject {
+class ProvaComandiFile : public QObject, MondoDisegno {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-    AmbienteDisegno* a = nullptr;
 
     void Apri(int16_t modo) { a = GuidaDisegno::Apri(modo); }
     void Premi(int16_t indice) { GuidaDisegno::Premi(a, indice); }
@@ -81,20 +77,8 @@ class ProvaComandiFile : public QObject {
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-        a = nullptr;
-    }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
 
     void nuovo_disegno_con_NO_non_cambia_nulla() {
         Apri(4);

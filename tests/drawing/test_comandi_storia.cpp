@@ -51,12 +51,9 @@ bool NeroVicino(const QImage& img, QPoint twips) {
 
 } // namespace
 
-class ProvaComandiStoria : public QObject {
+class ProvaComandiStoria : public QObject, MondoDisegno {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-    AmbienteDisegno* a = nullptr;
     int16_t modo = 4;
     QList<QList<RecordAzione>> fotografie; // Azioni after each fix
 
@@ -146,20 +143,8 @@ class ProvaComandiStoria : public QObject {
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-        a = nullptr;
-    }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
 
     void senza_copie_suona_e_riprende_data() { DatiModi(); }
     void senza_copie_suona_e_riprende() {

@@ -21,15 +21,11 @@
 #include <memory>
 
 namespace {
-constexpr int Sosta = 1000;
+constexpr int Sosta = 1000; // the dwell MondoDisegno sets
 }
 
-class ProvaScenarioDisegni : public QObject {
+class ProvaScenarioDisegni : public QObject, MondoDisegno {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-    AmbienteDisegno* a = nullptr;
 
     // The ring walks the 33 buttons on its own: the dwells to `indice`.
     void Vai(int16_t indice) {
@@ -56,19 +52,10 @@ class ProvaScenarioDisegni : public QObject {
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = Sosta;
+        Prepara();
         a = GuidaDisegno::Apri(1);
     }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void disegna_salva_ricomincia_rilegge_torna_indietro_e_va_avanti() {
         Forma(101);
