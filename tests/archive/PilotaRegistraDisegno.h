@@ -39,7 +39,7 @@ inline int32_t Cartella(int32_t versione) {
     return 1 + int32_t(Mescola(versione, 2) % 2);
 }
 inline int32_t Lunghezza(int32_t versione) {
-    return 1 + int32_t(Mescola(versione, 3) % 1500);
+    return 1 + int32_t(Mescola(versione, 3) % 800);
 }
 // Never the background: versions stay far below 0xC0C0C0.
 inline int32_t Colore(int32_t versione) {
