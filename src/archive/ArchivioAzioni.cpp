@@ -1,6 +1,7 @@
 #include "archive/ArchivioAzioni.h"
 
 #include "archive/Archivi.h"
+#include "archive/BitmapDisegni.h"
 #include "archive/IstruzioniArchivio.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
@@ -11,7 +12,7 @@
 #include "start/Utilita.h"
 
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
@@ -420,6 +421,10 @@ void CaricaAzioniDisegno() {
     Carica(TabellaAzioniDisegno(), CodiceDisegnoDaCaricare, AzioniUndo, NumeroAzioniUndo);
 }
 
+void LeggiAzioniDisegno(int32_t codice, QList<RecordAzione>& lista, int32_t& numero) {
+    Carica(TabellaAzioniDisegno(), codice, lista, numero);
+}
+
 void CaricaAzioniOggetto() {
     Carica(TabellaAzioniOggetto(), CodiceOggettoDaCaricare, AzioniOggetto, NumeroAzioniOggetto);
 }
@@ -478,22 +483,32 @@ bool RegistraDisegno(const Superficie& quadro) {
     // A new drawing's code, and so its bitmap's name, is known only once chosen.
     QString percorso;
     std::optional<Transazione> transazione;
-    std::optional<QSaveFile> bitmap;
+    // A file left aside by an earlier save marks its drawing until the start
+    // repairs it: only one this save made may go when the save fails.
+    bool aParteEsisteva = false;
+    bool scrittaAParte = false;
+    bool confermaTentata = false;
+    bool confermato = false;
     int passiFatti = 0;
+    const auto sonda = [](int16_t sezione) {
+        if (SondaRegistraDisegno) SondaRegistraDisegno(sezione);
+    };
     const bool riuscito = EseguiPassi({
         {4300,
          [&] {
+             sonda(4300);
              transazione.emplace(Archivio(ArchivioDisegni));
              ++passiFatti;
          }},
         {4310,
          [&] {
+             if (passiFatti != 1) return;
+             sonda(4310);
              QSqlDatabase db = Archivio(ArchivioDisegni);
              if (nuovo) {
                  codice = CodiceLiberoMinimo(TipoCodice::Disegno);
                  InserisciTestaDisegno(codice, NomeDisegnoCorrente, CodiceCartellaAttiva);
              } else {
-                 // The head row first: it survives whatever fails after it.
                  QSqlQuery q = Prepara(db, QStringLiteral("UPDATE TabDisegni SET NomeDisegno = ?,"
                                                           " CodiceCartella = ?"
                                                           " WHERE CodiceDisegno = ?"));
@@ -508,6 +523,8 @@ bool RegistraDisegno(const Superficie& quadro) {
          }},
         {4320,
          [&] {
+             if (passiFatti != 2) return;
+             sonda(4320);
              CodiceDisegnoDaRegistrare = codice;
              CopiaAzioniInDaRegistrare();
              Scrivi(TabellaAzioniDisegno(), CodiceDisegnoDaRegistrare, AzioniDaRegistrare,
@@ -516,37 +533,50 @@ bool RegistraDisegno(const Superficie& quadro) {
          }},
         {4330,
          [&] {
-             // Written aside first: nothing on disk changes until it is complete.
+             if (passiFatti != 3) return;
+             sonda(4330);
              percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
                                               NomeDisegnoCorrente, codice);
              const QByteArray dati = quadro.ImmagineBmp();
-             bitmap.emplace(percorso);
-             if (!bitmap->open(QIODevice::WriteOnly))
-                 throw ErroreFile(bitmap->error(), percorso, bitmap->errorString());
-             if (bitmap->write(dati) != dati.size())
-                 throw ErroreFile(bitmap->error(), percorso, bitmap->errorString());
+             aParteEsisteva = QFileInfo(PercorsoBitmapNuova(percorso)).isFile();
+             scrittaAParte = true;
+             ScriviBitmapAParte(percorso, dati);
              ++passiFatti;
          }},
         {4340,
          [&] {
              if (passiFatti != 4) return;
-             if (!nuovo && QFile::exists(percorso) && !QFile::remove(percorso))
-                 throw ErroreFile(QFileDevice::RemoveError, percorso);
-             if (!bitmap->commit())
-                 throw ErroreFile(bitmap->error(), percorso, bitmap->errorString());
+             sonda(4340);
+             confermaTentata = true;
+             transazione->Conferma();
+             confermato = true;
+             ++passiFatti;
+         }},
+        {4350,
+         [&] {
+             if (passiFatti != 5) return;
+             sonda(4350);
+             SostituisciBitmap(percorso);
              ++passiFatti;
          }},
         {4390,
          [&] {
-             if (passiFatti != 5) return;
-             transazione->Conferma();
+             if (passiFatti != 6) return;
+             sonda(4390);
              ++passiFatti;
          }},
     });
-    if (!riuscito || passiFatti != 6) return false;
-    CodiceDisegnoCorrente = codice;
-    if (nuovo) StatoDisegno = 1;
-    return true;
+    // Before a commit was tried the old rows stand, and the old bitmap shows
+    // them. A commit that failed keeps the file aside: whether the rows went
+    // in, the start will tell.
+    if (scrittaAParte && !confermaTentata && !aParteEsisteva)
+        QFile::remove(PercorsoBitmapNuova(percorso));
+    transazione.reset();
+    if (confermato) {
+        CodiceDisegnoCorrente = codice;
+        if (nuovo) StatoDisegno = 1;
+    }
+    return riuscito && passiFatti == 7;
 }
 
 bool RegistraOggetto() {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "model/RecordAzione.h"
+
+#include <QList>
 #include <QString>
 
 #include <cstdint>
@@ -31,6 +34,8 @@ inline QString NomeCartellaObjAttiva;
 // value out of its field's range or a list past 32767 actions is 6.
 void CaricaAzioniDisegno(); // CodiceDisegnoDaCaricare -> AzioniUndo
 void CaricaAzioniOggetto(); // CodiceOggettoDaCaricare -> AzioniOggetto
+// The same reader for a caller that keeps the list to itself.
+void LeggiAzioniDisegno(int32_t codice, QList<RecordAzione>& lista, int32_t& numero);
 
 // Writers. Each runs in one transaction and reports a fault through the error
 // routine: on failure the archive is as it was before the call. They return
@@ -45,6 +50,10 @@ bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella);
 
 // Saves Azioni as the current drawing in the active folder: a new head row or
 // the old one, its action rows replaced, and the canvas's bitmap as a BMP file.
+// The rows go in one transaction; the bitmap is written aside and takes the
+// old one's place only after the commit (see BitmapDisegni.h). A fault goes to
+// the error routine with its mark (4300 to 4390): before the commit nothing
+// changes, after it the rows stand and the current code and state follow them.
 bool RegistraDisegno(const Superficie& quadro);
 // Saves ElementiAttivi as a new object in the active folder of objects.
 bool RegistraOggetto();

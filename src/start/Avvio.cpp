@@ -1,6 +1,7 @@
 #include "start/Avvio.h"
 
 #include "archive/Archivi.h"
+#include "archive/BitmapDisegni.h"
 #include "input/QuadroMessaggi.h"
 #include "start/BaseVuoto.h"
 #include "start/Bip.h"
@@ -240,6 +241,8 @@ int AvviaZanto() {
             {150, [] { LeggiConfigurazione(); }},
             {160, [] { ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni()); }},
             {165, [] { ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti()); }},
+            // A save cut short by a crash may have left a bitmap behind its rows.
+            {167, [] { RiparaBitmapDisegni(); }},
             {170, [] { StampanteDiSistema = QPrinterInfo::defaultPrinterName(); }},
             {180, [] { CaricaMenùGenerale(); }},
         });
