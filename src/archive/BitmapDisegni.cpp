@@ -68,7 +68,8 @@ QList<DisegnoSalvato> DisegniConBitmap() {
         const QString nome = LeggiTesto(q.value(1), QStringLiteral("NomeDisegno"));
         const int32_t cartella = LeggiCodice(q.value(2), QStringLiteral("CodiceCartella"));
         const QString nomeCartella = LeggiTesto(q.value(3), QStringLiteral("NomeCartella"));
-        disegni.append({codice, PercorsoBitmapDisegno(nomeCartella, cartella, nome, codice)});
+        disegni.append(
+            {codice, QDir::cleanPath(PercorsoBitmapDisegno(nomeCartella, cartella, nome, codice))});
     }
     return disegni;
 }
@@ -151,7 +152,8 @@ int32_t RiparaBitmapDisegni() {
     QList<DisegnoSalvato> disegni;
     const bool letti = EseguiProtetto([&] {
         SezioneCorrente = 4600;
-        const QDir radice(RadiceDati + '/' + NomiArchivi::SottocartellaDisegni);
+        // Clean paths on both sides, so that the rows' paths and the listing's meet.
+        const QDir radice(QDir::cleanPath(RadiceDati + '/' + NomiArchivi::SottocartellaDisegni));
         const QFileInfoList sottocartelle =
             radice.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
         for (const QFileInfo& sottocartella : sottocartelle) {

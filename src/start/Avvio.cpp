@@ -241,10 +241,12 @@ int AvviaZanto() {
             {150, [] { LeggiConfigurazione(); }},
             {160, [] { ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni()); }},
             {165, [] { ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti()); }},
-            // A save cut short by a crash may have left a bitmap behind its rows.
-            {167, [] { RiparaBitmapDisegni(); }},
             {170, [] { StampanteDiSistema = QPrinterInfo::defaultPrinterName(); }},
             {180, [] { CaricaMenùGenerale(); }},
+            // A save cut short by a crash may have left a bitmap behind its rows.
+            // After the menu has read the folders: a broken archive ends the
+            // start there, with its own mark, and never here.
+            {185, [] { RiparaBitmapDisegni(); }},
         });
         FaseAvvio = 0;
         Copertina().reset();

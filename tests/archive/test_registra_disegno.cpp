@@ -12,6 +12,7 @@
 #include "start/Avvio.h"
 #include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
+#include "support/OrologioVirtuale.h"
 #include "support/SondePixel.h"
 
 #include <QDir>
@@ -149,6 +150,7 @@ private slots:
     void riparazione_ridisegna_solo_i_disegni_lasciati_a_meta();
     void riparazione_senza_nulla_da_fare_non_tocca_nulla();
     void riparazione_che_fallisce_tiene_il_file_a_parte();
+    void l_avvio_ridisegna_la_bitmap_di_un_salvataggio_interrotto();
 };
 
 void TestRegistraDisegno::la_bitmap_prende_il_posto_della_vecchia_solo_dopo_il_commit() {
@@ -459,6 +461,30 @@ void TestRegistraDisegno::riparazione_che_fallisce_tiene_il_file_a_parte() {
     FaseAvvio = 0;
     QCOMPARE(amb.Scatole.size(), 2);
     QVERIFY(QFile::exists(PercorsoBitmapNuova(pietra)));
+}
+
+void TestRegistraDisegno::l_avvio_ridisegna_la_bitmap_di_un_salvataggio_interrotto() {
+    OrologioVirtuale orologio;
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    CartellaDiSistema();
+    {
+        Superficie quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+        SalvaNuovo(quadro, QStringLiteral("Faro"), 0x0000FF);
+        // The program died between the commit and the rename.
+        GuastoAlPasso(4350);
+        QVERIFY(!Salva(quadro, QStringLiteral("Faro"), Disegno(0x00FF00, 2)));
+        SondaRegistraDisegno = nullptr;
+    }
+    const QString percorso = Bitmap(QStringLiteral("Faro"));
+    QCOMPARE(ColoreBitmap(percorso), 0x0000FF);
+    amb.ChiudiArchivi();
+    QCOMPARE(AvviaZanto(), -1);
+    QCOMPARE(ColoreBitmap(percorso), 0x00FF00);
+    QVERIFY(!QFile::exists(PercorsoBitmapNuova(percorso)));
+    QCOMPARE(amb.Scatole.size(), 1); // the failed save's own
+    DistruggiMenùGenerale();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 QTEST_MAIN(TestRegistraDisegno)
