@@ -5,6 +5,8 @@
 // interface writing and reading the same rows with no check at all, and the
 // parts of the save: the BMP encoding and the write of its bytes to the disk.
 
+#include "DatiBench.h"
+#include "LetturaGrezza.h"
 #include "Misura.h"
 
 #include "archive/Archivi.h"
@@ -113,47 +115,10 @@ bool ScritturaGrezza(sqlite3* db, const QList<RecordAzione>& lista) {
 
 // The same rows read back with no check, columns by position.
 bool LetturaGrezza(sqlite3* db, int32_t& letti) {
-    sqlite3_stmt* q = nullptr;
-    if (sqlite3_prepare_v2(db,
-                           "SELECT * FROM TabAzioniDisegno WHERE CodiceDisegno = 900"
-                           " ORDER BY NumAzione ASC",
-                           -1, &q, nullptr) != SQLITE_OK)
-        return false;
-    QList<RecordAzione> lista{RecordAzione{}};
-    lista.reserve(Numero + 1);
-    const auto testo = [&](int c) {
-        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(q, c)),
-                                 sqlite3_column_bytes(q, c));
-    };
-    int esito;
-    while ((esito = sqlite3_step(q)) == SQLITE_ROW) {
-        RecordAzione& a = lista.emplace_back();
-        a.TipoAzione = sqlite3_column_int(q, 2);
-        a.XInizio = sqlite3_column_int(q, 3);
-        a.YInizio = sqlite3_column_int(q, 4);
-        a.XFine = sqlite3_column_int(q, 5);
-        a.YFine = sqlite3_column_int(q, 6);
-        a.ColLinea = sqlite3_column_int(q, 7);
-        a.ColZona = sqlite3_column_int(q, 8);
-        a.FlagPienoVuoto = sqlite3_column_int(q, 9);
-        a.SpessLinea = sqlite3_column_int(q, 10);
-        a.XCentro = float(sqlite3_column_double(q, 11));
-        a.YCentro = float(sqlite3_column_double(q, 12));
-        a.RadIniz = float(sqlite3_column_double(q, 13));
-        a.RadFine = float(sqlite3_column_double(q, 14));
-        a.RaggioVert = float(sqlite3_column_double(q, 15));
-        a.RaggioOriz = float(sqlite3_column_double(q, 16));
-        a.InterlineaTesto = int16_t(sqlite3_column_int(q, 17));
-        a.Testo = testo(18);
-        a.NomeFont = testo(19);
-        a.SizeFont = sqlite3_column_int(q, 20);
-        a.Corsivo = sqlite3_column_int(q, 21);
-        a.Grassetto = sqlite3_column_int(q, 22);
-        a.NomeFileImmagine = testo(23);
-    }
-    sqlite3_finalize(q);
+    QList<RecordAzione> lista;
+    const bool riuscito = LetturaGrezza(db, CodiceGrezzo, lista);
     letti = int32_t(lista.size() - 1);
-    return esito == SQLITE_DONE;
+    return riuscito;
 }
 
 } // namespace
@@ -161,13 +126,7 @@ bool LetturaGrezza(sqlite3* db, int32_t& letti) {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QTemporaryDir cartella;
-    RadiceDati = cartella.filePath(QStringLiteral("zanto"));
-    const QString esito = InstallaDatiZanto(RadiceDati);
-    if (!esito.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(esito));
-        return 1;
-    }
-    ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
+    if (!PreparaDatiBench(cartella)) return 1;
     MostraScatolaPiattaforma = [](IconaScatola, const QString&, const QString& testo) {
         std::fprintf(stderr, "%s\n", qPrintable(testo));
         std::exit(1);

@@ -4,6 +4,7 @@
 // the same run and in turn, the plain C read of the same rows through SQLite's
 // own interface plus the replay alone of the list already in memory.
 
+#include "DatiBench.h"
 #include "DisegnoProva.h"
 #include "LetturaGrezza.h"
 #include "Misura.h"
@@ -26,13 +27,7 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QTemporaryDir cartella;
-    RadiceDati = cartella.filePath(QStringLiteral("zanto"));
-    const QString esito = InstallaDatiZanto(RadiceDati);
-    if (!esito.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(esito));
-        return 1;
-    }
-    ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
+    if (!PreparaDatiBench(cartella)) return 1;
     QImage immagine(64, 48, QImage::Format_RGB32);
     immagine.fill(QColor(30, 120, 200));
     const QString figura = cartella.filePath(QStringLiteral("figura.png"));
