@@ -117,12 +117,19 @@ void ComandiDisegno::Comando(int16_t indice) {
         NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 1 ? file_.SalvaDisegno()
                                                                    : a_.Rifiuta();
         return;
+    case 128:
+        // The text tests its own state: a reopened text passes where a new one would not.
+        elementi_.ScritturaTesti();
+        return;
+    case 129:
+        liberoDaElementi&& OggettoAttivo != 1 ? elementi_.ImportaImmagine() : a_.Rifiuta();
+        return;
     case 133:
         file_.ChiudiAmbiente();
         return;
     default:
-        // The colour, settings, element choice, text, picture and print commands
-        // come with their own panels; until then they only answer with a beep.
+        // The colour, settings, element choice and print commands come with
+        // their own panels; until then they only answer with a beep.
         a_.Rifiuta();
         return;
     }

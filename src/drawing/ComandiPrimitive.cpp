@@ -14,9 +14,6 @@
 
 #include <QLabel>
 
-namespace {
-
-// The button that an element of this type is opened and marked with.
 int16_t TastoDelTipo(int32_t tipo) {
     switch (tipo) {
     case TipiAzione::Linea:
@@ -37,8 +34,6 @@ int16_t TastoDelTipo(int32_t tipo) {
         return 0;
     }
 }
-
-} // namespace
 
 void ComandiPrimitive::FineComandoModifica() {
     if (OggettoAttivo == 1 && ComandoModifica >= 111 && ComandoModifica <= 113) {

@@ -4,6 +4,9 @@
 
 class AmbienteDisegno;
 
+// The button that an element of this type is opened and marked with; 0 for none.
+int16_t TastoDelTipo(int32_t tipo);
+
 // The commands that make and change one element: the four primitives, the
 // edit commands and their end, the fill, full or empty shapes, the copy of the
 // last element, Fissa, and Annulla when an element or an object is open.

@@ -1,5 +1,7 @@
 #include "model/StatoAmbiente.h"
 
+#include "model/TracciaAzioni.h"
+
 void AzzeraStatoAmbiente() {
     PrimitivaAttiva = 0;
     ComandoModifica = 0;
@@ -29,6 +31,7 @@ void AzzeraStatoAmbiente() {
     RigheScritte = QStringList{QString()};
     NumeroRigheScritte = 0;
     AzioneScelta = 0;
+    ImmaginiSegnalate.clear();
     MirinoX = Predefiniti::CentroX;
     MirinoY = Predefiniti::CentroY;
     ModoIngombro = 1;

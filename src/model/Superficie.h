@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QImage>
 #include <QList>
+#include <QSize>
 #include <QString>
 
 #include <cstdint>
@@ -30,6 +31,9 @@ inline constexpr int16_t ScalaCentimetri = 7;
 
 // 15 twips to a pixel, as on a 96-dpi screen.
 inline constexpr int32_t TwipsPerPixel = 15;
+
+// The canvas in pixels: no picture is kept larger than this.
+inline constexpr QSize MassimoFiguraPixel(943, 667);
 
 // A picture surface: a persistent bitmap and a screen layer above it.
 //
@@ -93,7 +97,8 @@ public:
     float TextWidth(const QString& testo) const;
     float TextHeight(const QString& testo) const;
 
-    // Reads a picture file: error 53 when it is not there, 481 when it is no picture.
+    // Reads a picture file: error 53 when it is not there, 481 when it is no
+    // picture. One larger than the canvas comes scaled down to fit it.
     static QImage LoadPicture(const QString& percorso);
     // The picture stretched to the box whose top left is (x, y).
     void PaintPicture(const QImage& immagine, float x, float y, float larghezza, float altezza);

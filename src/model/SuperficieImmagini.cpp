@@ -40,6 +40,12 @@ QImage Superficie::LoadPicture(const QString& percorso) {
             return l.Immagine;
     QImageReader lettore(percorso);
     lettore.setAutoTransform(false);
+    // A photo far larger than the canvas is decoded straight at the canvas's
+    // size: a camera's picture would otherwise take seconds and hundreds of MB.
+    const QSize intera = lettore.size();
+    if (intera.width() > MassimoFiguraPixel.width() ||
+        intera.height() > MassimoFiguraPixel.height())
+        lettore.setScaledSize(intera.scaled(MassimoFiguraPixel, Qt::KeepAspectRatio));
     QImage immagine = lettore.read();
     if (immagine.isNull())
         throw ErroreZanto{481, QStringLiteral("Immagine non valida: ") + percorso};

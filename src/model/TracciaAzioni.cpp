@@ -64,6 +64,28 @@ void TracciaTesto(Superficie& s, const RecordAzione& a) {
     }
 }
 
+void TracciaImmagine(Superficie& s, const RecordAzione& a) {
+    QImage figura;
+    try {
+        figura = Figura(a.NomeFileImmagine);
+    } catch (const ErroreZanto& errore) {
+        // A picture moved or deleted since it was placed must not stop the
+        // drawing, nor bring its message at every step of a walk.
+        const int16_t riempimento = s.FillStyle;
+        s.FillStyle = 1;
+        s.DrawWidth = 1;
+        s.Box(float(a.XInizio), float(a.YInizio), float(a.XFine), float(a.YFine), a.ColLinea);
+        s.FillStyle = riempimento;
+        if (!ImmaginiSegnalate.contains(a.NomeFileImmagine)) {
+            ImmaginiSegnalate.insert(a.NomeFileImmagine);
+            GestioneErrori(errore);
+        }
+        return;
+    }
+    s.PaintPicture(figura, float(a.XInizio), float(a.YInizio), float(double(a.XFine) - a.XInizio),
+                   float(double(a.YFine) - a.YInizio));
+}
+
 } // namespace
 
 void TracciaAzione(Superficie& s, const RecordAzione& a) {
@@ -112,8 +134,7 @@ void TracciaAzione(Superficie& s, const RecordAzione& a) {
         TracciaTesto(s, a);
         break;
     case TipiAzione::Immagine:
-        s.PaintPicture(Figura(a.NomeFileImmagine), float(a.XInizio), float(a.YInizio),
-                       float(double(a.XFine) - a.XInizio), float(double(a.YFine) - a.YInizio));
+        TracciaImmagine(s, a);
         break;
     default:
         break; // other codes draw nothing

@@ -3,10 +3,16 @@
 #include "model/RecordAzione.h"
 
 #include <QList>
+#include <QSet>
+#include <QString>
 
 #include <cstdint>
 
 class Superficie;
+
+// Pictures whose fault has been told in this visit of the drawing screen: a
+// missing picture shows as its frame on every replay, and is told only once.
+inline QSet<QString> ImmaginiSegnalate;
 
 // The stretch of the list to draw, both ends included.
 inline int16_t PrimaAzioneTraccia = 0;
@@ -18,8 +24,8 @@ inline constexpr float RaggioTondino = 50;
 // Draws actions PrimaAzioneTraccia..UltimaAzioneTraccia of `lista` on the
 // surface, for good (AutoRedraw on), and refreshes it. The canvas replays
 // Azioni; the panels that show a drawing of their own pass their list. A
-// picture that cannot be read goes to the error routine and the replay stops
-// there, with AutoRedraw still on.
+// picture that cannot be read is drawn as its frame, and the first time the
+// error routine tells why.
 void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista = Azioni);
 
 // The same replay of actions `prima`..`ultima` of `lista`, leaving the shared

@@ -8,6 +8,7 @@
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "panels/QuadroScriviTesto.h"
 #include "panels/QuadroUndo.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -61,8 +62,17 @@ struct Foto {
 
 // What opens above the screen when the button acts. Storia is the undo panel
 // and then the question of the message panel; a question or a list is
-// answered "no" or left by its last button.
-enum class Pannello { Nessuno, Direzione, Ribaltamenti, Storia, Domanda, Lista };
+// answered "no" or left by its last button, the keyboard by its close key.
+enum class Pannello {
+    Nessuno,
+    Direzione,
+    Ribaltamenti,
+    Storia,
+    Domanda,
+    Lista,
+    Immagini,
+    Tastiera
+};
 
 using Condizione = std::function<bool(const Stato&)>;
 using Effetto = std::function<bool(int16_t tasto, const Foto& prima, const Foto& dopo)>;
@@ -156,9 +166,9 @@ const QList<Riga>& Tabella() {
          [](int16_t, const Foto& p, const Foto& d) { return d.CopiaSposta != p.CopiaSposta; }},
         {127, [](const Stato& s) { return s.N != 0 && Libero(s) && s.O != 0; },
          [](int16_t, const Foto& p, const Foto& d) { return d.O == 0 && d.N < p.N; }},
-        {128, [](const Stato& s) { return (Libero(s) && s.O != 1) || s.TestoRiaperto; }, NonProvato,
-         Pannello::Nessuno, Sempre},
-        {129, NuovaPrimitiva, NonProvato, Pannello::Nessuno, Sempre},
+        {128, [](const Stato& s) { return (Libero(s) && s.O != 1) || s.TestoRiaperto; },
+         NienteCambia, Pannello::Tastiera},
+        {129, NuovaPrimitiva, NienteCambia, Pannello::Immagini},
         {130, NuovaPrimitiva, NienteCambia, Pannello::Lista},
         {131, [](const Stato& s) { return s.N != 0 && Libero(s) && s.O != 1; }, NienteCambia,
          Pannello::Domanda},
@@ -305,7 +315,15 @@ class ProvaTabellaComandi : public QObject {
             c.Tasto(Qt::Key_Return);
         if (rosso && modo == 3) ChiudiDirezione(c); // the panel asks again: it ends
         if (apre == Pannello::Ribaltamenti) c.Tasto(Qt::Key_Return); // the first axis
-        if (apre == Pannello::Domanda || apre == Pannello::Lista)
+        if (apre == Pannello::Tastiera)
+            c.Esegui([this] {
+                auto* k = dynamic_cast<QuadroScriviTesto*>(FormScansione::InPrimoPiano());
+                if (k == nullptr) return;
+                pannelloVisto = k->windowTitle();
+                k->ClickTasto(166); // to the function keys
+                k->ClickTasto(107); // "close"
+            });
+        if (apre == Pannello::Domanda || apre == Pannello::Lista || apre == Pannello::Immagini)
             c.Esegui([this] {
                 FormScansione* f = FormScansione::InPrimoPiano();
                 if (f == nullptr || f == a) return;
@@ -436,6 +454,12 @@ class ProvaTabellaComandi : public QObject {
         if (apre == Pannello::Lista)
             QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO» - Scelta Disegno"),
                      qPrintable(nome + QStringLiteral(": no list")));
+        if (apre == Pannello::Immagini)
+            QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO» - Scelta Immagine"),
+                     qPrintable(nome + QStringLiteral(": no list of pictures")));
+        if (apre == Pannello::Tastiera)
+            QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO»  -  Scrittura Testi"),
+                     qPrintable(nome + QStringLiteral(": no keyboard")));
         if (rosso) {
             QVERIFY2(dopo.C == 0 && dopo.P == prima.P,
                      qPrintable(nome + QStringLiteral(": the red button did not end it")));

@@ -177,7 +177,7 @@ private slots:
     void corsivo_e_grassetto_secondo_i_codici();
     void testo_con_resto_di_soli_spazi_non_stampa_altre_righe();
     void immagine_stirata_nel_suo_riquadro();
-    void immagine_che_non_si_legge_ferma_la_traccia_con_errore();
+    void immagine_che_non_si_legge_e_la_sua_cornice_detta_una_volta();
     void codici_fuori_da_1_a_7_non_disegnano();
     void intervallo_vuoto_non_disegna();
     void azioni_vuote_non_disegnano();
@@ -477,7 +477,7 @@ void TestTracciaAzioni::immagine_stirata_nel_suo_riquadro() {
     QVERIFY(amb.Scatole.isEmpty());
 }
 
-void TestTracciaAzioni::immagine_che_non_si_legge_ferma_la_traccia_con_errore() {
+void TestTracciaAzioni::immagine_che_non_si_legge_e_la_sua_cornice_detta_una_volta() {
     AmbienteProva amb;
     RecordAzione a;
     a.TipoAzione = TipiAzione::Immagine;
@@ -486,14 +486,24 @@ void TestTracciaAzioni::immagine_che_non_si_legge_ferma_la_traccia_con_errore() 
     a.XFine = 4500;
     a.YFine = 4500;
     a.NomeFileImmagine = PercorsoFile() + QStringLiteral("/non c'è.jpg");
+    a.ColLinea = Verde;
     Quadro q;
-    q.Traccia({Linea(0, 750, 9000, 750, Rosso), a, Linea(0, 6000, 9000, 6000, Blu)});
+    const QList<RecordAzione> lista{Linea(0, 750, 9000, 750, Rosso), a, a,
+                                    Linea(0, 6000, 9000, 6000, Blu)};
+    q.Traccia(lista);
     QCOMPARE(amb.Scatole.size(), 1);
     QVERIFY(amb.Scatole[0].Testo.contains(QStringLiteral("(53/3210)")));
     QCOMPARE(q.Bitmap(3000, 750), Rosso);
-    QCOMPARE(ContaColore(q.S.Immagine(), Blu), 0);
-    // The keep switch stays on until the next replay ends.
-    QVERIFY(q.S.AutoRedraw);
+    // The frame stands where the picture would, and the replay goes on after it.
+    QCOMPARE(q.Bitmap(1500, 3000), Verde);
+    QCOMPARE(q.Bitmap(4500, 3000), Verde);
+    QCOMPARE(q.Bitmap(3000, 3000), Sfondo);
+    QVERIFY(ContaColore(q.S.Immagine(), Blu) > 0);
+    QVERIFY(!q.S.AutoRedraw);
+    // Told once: later replays of the same drawing stay silent.
+    q.Traccia(lista);
+    q.Traccia(lista);
+    QCOMPARE(amb.Scatole.size(), 1);
 }
 
 void TestTracciaAzioni::codici_fuori_da_1_a_7_non_disegnano() {

@@ -67,6 +67,7 @@ inline int PostoTasto(QChar ch) {
     if (ch == QChar(u'/')) return 63;
     if (ch == QChar(u'À')) return 40;
     if (ch == QChar(u' ')) return 34;
+    if (ch == QChar(u'\r')) return 35;
     if (ch == QChar(u'%')) return 37;
     if (ch.isDigit()) return ch == QChar(u'0') ? 59 : 50 + ch.digitValue() - 1;
     return tasti.indexOf(ch);

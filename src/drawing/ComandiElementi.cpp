@@ -1,0 +1,148 @@
+#include "drawing/ComandiElementi.h"
+
+#include "drawing/AmbienteDisegno.h"
+#include "model/ElementoAttivo.h"
+#include "model/RecordAzione.h"
+#include "model/StatoAmbiente.h"
+#include "model/TracciaAzioni.h"
+#include "panels/Elaborazioni.h"
+#include "panels/EtichettaLista.h"
+#include "panels/QuadroMostraLista.h"
+#include "panels/QuadroScriviTesto.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
+#include "start/Misure.h"
+#include "start/Numeri.h"
+#include "start/Utilita.h"
+
+#include <QLabel>
+
+#include <algorithm>
+
+QSize ComandiElementi::MisuraTesto() const {
+    Superficie& q = a_.Quadro;
+    // The whole font of the record, not only its size: the frame must fit the words.
+    q.FontName = FontCorrente;
+    q.FontSize = float(DimensioneFontCorrente);
+    q.FontBold = GrassettoCorrente == 1;
+    q.FontItalic = CorsivoCorrente == 1;
+    double larghezza = 0;
+    for (int16_t riga = 1; riga <= NumeroRigheScritte; ++riga)
+        larghezza = std::max(larghezza, double(q.TextWidth(RigheScritte.at(riga))));
+    const double primaRiga = q.TextHeight(RigheScritte.at(1));
+    // Several lines measure half their height: kept as the program has always done it.
+    const double altezza = NumeroRigheScritte == 1 ? primaRiga : primaRiga * NumeroRigheScritte / 2;
+    return {Intero16(larghezza), Intero16(altezza)};
+}
+
+void ComandiElementi::Centra(int32_t larghezza, int32_t altezza) {
+    RecordAzione& e = ElementoInCostruzione;
+    e.XInizio = Predefiniti::CentroX - larghezza / 2;
+    e.YInizio = Predefiniti::CentroY - altezza / 2;
+    e.XFine = e.XInizio + larghezza;
+    e.YFine = e.YInizio + altezza;
+}
+
+void ComandiElementi::InMovimento(int16_t primitiva) {
+    ComandoModifica = 113;
+    a_.Motore.TastoCorrente = 113;
+    PrimitivaAttiva = primitiva;
+    a_.AggiornaCorone();
+    a_.ImpostaColoreCorona(113, ColoriCorona::Rosso);
+    a_.ImpostaColoreCorona(primitiva, ColoriCorona::Blu);
+    ElementoRiaperto = 0;
+    a_.ApriSceltaDirezione();
+}
+
+void ComandiElementi::ScritturaTesti() {
+    const bool riaperto =
+        ElementoRiaperto == 1 && ElementoInCostruzione.TipoAzione == TipiAzione::Testo;
+    if (!riaperto) {
+        if (PrimitivaAttiva > 0 || ComandoModifica > 0 || OggettoAttivo == 1) {
+            a_.Rifiuta();
+            return;
+        }
+        NumeroRigheScritte = 0;
+        RigheScritte = QStringList{QString()};
+    }
+    ParcheggiaMouse();
+    ScriviTesto(0);
+    SezioneCorrente = 1264; // the keyboard's own steps have moved the mark
+    if (NumeroRigheScritte == 0) {
+        a_.Riprendi();
+        return;
+    }
+    const QSize misura = MisuraTesto();
+    RecordAzione e;
+    e.TipoAzione = TipiAzione::Testo;
+    e.SpessLinea = 1;
+    e.InterlineaTesto = InterlineaCorrente;
+    for (int16_t riga = 1; riga <= NumeroRigheScritte; ++riga)
+        e.Testo += RigheScritte.at(riga);
+    e.NomeFont = FontCorrente;
+    e.SizeFont = DimensioneFontCorrente;
+    e.Grassetto = GrassettoCorrente;
+    e.Corsivo = CorsivoCorrente;
+    ElementoInCostruzione = e;
+    Centra(misura.width(), misura.height());
+
+    Superficie& q = a_.Quadro;
+    q.AutoRedraw = true;
+    q.AutoRedraw = false;
+    q.DrawWidth = 1;
+    q.DrawStyle = 2;
+    // Only the first text of a visit carries a gap in its record; from here on
+    // every text is set with none.
+    InterlineaCorrente = 0;
+    PrimitivaAttiva = 128;
+    TracciaElementoAttivo(q);
+    q.CurrentY = float(ElementoInCostruzione.YInizio);
+    InMovimento(128);
+}
+
+void ComandiElementi::CaricaQuadroImmagine(const QString& percorso) {
+    EseguiPassi({{1266, [&] {
+                      try {
+                          const QImage figura = Superficie::LoadPicture(percorso);
+                          ImmaginiSegnalate.remove(percorso);
+                          a_.QuadroImmagine->resize(figura.size());
+                      } catch (const ErroreZanto&) {
+                          // Told once here; the replay of this element stays silent.
+                          ImmaginiSegnalate.insert(percorso);
+                          throw;
+                      }
+                  }}});
+}
+
+void ComandiElementi::ImportaImmagine() {
+    TipoLista = 5;
+    ScegliDaLista();
+    if (VoceScelta.isEmpty()) {
+        ComandoModifica = 0;
+        a_.Riprendi();
+        return;
+    }
+    const int64_t numero = LeggiEtichetta(VoceScelta).Valore();
+    if (numero <= 0 || numero >= ElencoFile.size()) {
+        a_.Riprendi();
+        return;
+    }
+    const QString percorso = ElencoFile.at(numero);
+    CaricaQuadroImmagine(percorso);
+    RecordAzione e;
+    e.TipoAzione = TipiAzione::Immagine;
+    e.SpessLinea = 1;
+    e.NomeFileImmagine = percorso;
+    ElementoInCostruzione = e;
+    Centra(a_.QuadroImmagine->width() * TwipsPerPixel, a_.QuadroImmagine->height() * TwipsPerPixel);
+
+    Superficie& q = a_.Quadro;
+    q.AutoRedraw = true;
+    q.AutoRedraw = false;
+    PrimitivaAttiva = 129;
+    q.DrawWidth = 1;
+    q.DrawStyle = 2;
+    TracciaElementoAttivo(q);
+    InMovimento(129);
+}

@@ -1,0 +1,353 @@
+// Words and pictures on the drawing: a text written on the keyboard and a
+// picture chosen from the files folder, each placed centred and straight into
+// a shift, then fixed; and a picture that cannot be read or has gone.
+#include "archive/Archivi.h"
+#include "drawing/AmbienteDisegno.h"
+#include "drawing/GuidaDisegno.h"
+#include "model/RecordAzione.h"
+#include "model/StatoAmbiente.h"
+#include "model/Superficie.h"
+#include "model/TracciaAzioni.h"
+#include "panels/ProvaPannello.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/Utilita.h"
+#include "support/Copione.h"
+#include "support/SondePixel.h"
+
+#include <QFile>
+#include <QImage>
+#include <QtTest>
+
+namespace {
+
+constexpr int Sosta = 1000;
+constexpr int32_t Nero = 0x000000;
+constexpr int32_t Sfondo = 0xC0C0C0;
+
+// Pixels of `colore` in `img`, inside or outside the box given in twips.
+struct Conta {
+    int Dentro = 0;
+    int Fuori = 0;
+};
+Conta ContaNelBox(const QImage& img, int32_t colore, const RecordAzione& box) {
+    const QRect r(QPoint(SondePixel::Px(box.XInizio), SondePixel::Px(box.YInizio)),
+                  QPoint(SondePixel::Px(box.XFine), SondePixel::Px(box.YFine)));
+    Conta c;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            if (SondePixel::Colore(img, x, y) == colore) ++(r.contains(x, y) ? c.Dentro : c.Fuori);
+    return c;
+}
+
+// The measure the program must take: the record's font on a canvas of its own.
+QSizeF Misura(const QStringList& righe, const QString& font, int32_t dimensione) {
+    Superficie s(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    s.FontName = font;
+    s.FontSize = float(dimensione);
+    double larghezza = 0;
+    for (const QString& riga : righe)
+        larghezza = std::max(larghezza, double(s.TextWidth(riga)));
+    const double alto = s.TextHeight(righe.first());
+    return {larghezza, righe.size() == 1 ? alto : alto * double(righe.size()) / 2};
+}
+
+void ScriviFigura(const QString& nome, const char* formato, QSize misura, QColor colore) {
+    QImage figura(misura, QImage::Format_RGB32);
+    figura.fill(colore);
+    QVERIFY(figura.save(PercorsoFile() + '/' + nome, formato));
+}
+
+} // namespace
+
+class ProvaTestiImmagini : public QObject, MondoDisegno {
+    Q_OBJECT
+
+    void Premi(int16_t indice) { GuidaDisegno::Premi(a, indice); }
+    // A button whose panel the script answers, in mode 4.
+    void PremiCon(int16_t indice, Copione& c) {
+        const int passi = (indice - a->Motore.TastoCorrente + 33) % 33;
+        GuidaDisegno::Frecce(Qt::Key_Right, passi);
+        QCOMPARE(a->Motore.TastoCorrente, indice);
+        c.Avvia();
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(c.Finito());
+        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
+    }
+    void ScriviTesto(const QString& testo) {
+        Copione c(*orologio);
+        ScriviConLeFrecce(c, testo);
+        PremiCon(128, c);
+    }
+    // The first line of the pictures list: picked, then confirmed.
+    void PrimaFigura() {
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+        PremiCon(129, c);
+    }
+    // The shift ends on its red button, and the element is fixed.
+    void FineEFissa() {
+        QCOMPARE(a->Motore.TastoCorrente, int16_t(113));
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QCOMPARE(ComandoModifica, int16_t(0));
+        Premi(117);
+        QCOMPARE(PrimitivaAttiva, int16_t(0));
+    }
+
+private slots:
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
+
+    void un_testo_nuovo_e_nero_centrato_e_subito_in_movimento() {
+        a = GuidaDisegno::Apri(4);
+        ColoreLineaCorrente = 0x0000FF;
+        ScriviTesto(QStringLiteral("CIAO"));
+        const RecordAzione& e = ElementoInCostruzione;
+        QCOMPARE(e.TipoAzione, TipiAzione::Testo);
+        QCOMPARE(e.Testo, QStringLiteral("CIAO"));
+        QCOMPARE(e.ColLinea, 0);
+        QCOMPARE(e.ColZona, 0);
+        QCOMPARE(e.FlagPienoVuoto, 0);
+        QCOMPARE(e.SpessLinea, 1);
+        QCOMPARE(e.InterlineaTesto, int16_t(18));
+        QCOMPARE(e.NomeFont, FontCorrente);
+        QCOMPARE(e.SizeFont, DimensioneFontCorrente);
+        QCOMPARE(e.Grassetto, GrassettoCorrente);
+        QCOMPARE(e.Corsivo, CorsivoCorrente);
+        QVERIFY(e.NomeFileImmagine.isEmpty());
+        const QSizeF m = Misura({QStringLiteral("CIAO")}, FontCorrente, DimensioneFontCorrente);
+        const int32_t w = int32_t(std::lround(m.width()));
+        const int32_t h = int32_t(std::lround(m.height()));
+        QCOMPARE(e.XInizio, Predefiniti::CentroX - w / 2);
+        QCOMPARE(e.YInizio, Predefiniti::CentroY - h / 2);
+        QCOMPARE(e.XFine - e.XInizio, w);
+        QCOMPARE(e.YFine - e.YInizio, h);
+        // Straight into the shift: the text marked, its red button under the ring.
+        QCOMPARE(PrimitivaAttiva, int16_t(128));
+        QCOMPARE(ComandoModifica, int16_t(113));
+        QCOMPARE(a->TastoMarcato, int16_t(128));
+        QCOMPARE(ElementoRiaperto, int16_t(0));
+        // From now on in this visit, texts are set with no gap.
+        QCOMPARE(InterlineaCorrente, int16_t(0));
+
+        // The overlay: the words inside the frame, nothing of them outside.
+        const RecordAzione box = e;
+        const QImage sopra = a->Quadro.Schermo().copy();
+        QVERIFY(ContaNelBox(sopra, Nero, box).Dentro > 20);
+        QCOMPARE(ContaNelBox(sopra, Nero, box).Fuori, 0);
+        QCOMPARE(ContaNelBox(a->Quadro.Immagine(), Nero, box).Dentro, 0);
+
+        // The arrows shift it; then it is fixed, black though the line is red.
+        QVERIFY(PremiTasto(Qt::Key_Right));
+        QCOMPARE(ElementoInCostruzione.XInizio, box.XInizio + PassoSpostamento);
+        QVERIFY(PremiTasto(Qt::Key_Left));
+        FineEFissa();
+        QCOMPARE(NumeroAzioni, 1);
+        const RecordAzione& fisso = Azioni[1];
+        QCOMPARE(fisso.ColLinea, 0);
+        QCOMPARE(fisso.XInizio, box.XInizio);
+        QCOMPARE(fisso.Testo, QStringLiteral("CIAO"));
+        const QImage tela = a->Quadro.Immagine().copy();
+        const Conta neri = ContaNelBox(tela, Nero, fisso);
+        QVERIFY(neri.Dentro > 20);
+        QCOMPARE(neri.Fuori, 0);
+        QCOMPARE(ContaNelBox(tela, 0x0000FF, fisso).Dentro, 0);
+
+        // The same words, pixel for pixel, live, replayed and in the overlay.
+        const QRect dentro(
+            QPoint(SondePixel::Px(fisso.XInizio) + 1, SondePixel::Px(fisso.YInizio) + 1),
+            QPoint(SondePixel::Px(fisso.XFine) - 1, SondePixel::Px(fisso.YFine) - 1));
+        QCOMPARE(sopra.copy(dentro), tela.copy(dentro));
+        a->RidisegnoCompleto();
+        QCOMPARE(a->Quadro.Immagine(), tela);
+    }
+
+    void il_secondo_testo_non_ha_interlinea_e_piu_righe_misurano_meta() {
+        a = GuidaDisegno::Apri(4);
+        ScriviTesto(QStringLiteral("A"));
+        FineEFissa();
+        QCOMPARE(Azioni[1].InterlineaTesto, int16_t(18));
+        ScriviTesto(QStringLiteral("AB\rC"));
+        FineEFissa();
+        const RecordAzione& t = Azioni[2];
+        QCOMPARE(t.InterlineaTesto, int16_t(0));
+        QCOMPARE(t.Testo, QStringLiteral("AB\rC"));
+        const QSizeF m = Misura({QStringLiteral("AB\r"), QStringLiteral("C")}, FontCorrente,
+                                DimensioneFontCorrente);
+        QCOMPARE(t.XFine - t.XInizio, int32_t(std::lround(m.width())));
+        QCOMPARE(t.YFine - t.YInizio, int32_t(std::lround(m.height())));
+        // Two lines measured as one: the second line stands below the box.
+        const QImage tela = a->Quadro.Immagine();
+        QVERIFY(ContaNelBox(tela, Nero, t).Fuori > 0);
+    }
+
+    void uscire_dalla_tastiera_senza_testo_lascia_tutto_com_era_data() {
+        QTest::addColumn<int>("modo");
+        QTest::newRow("modo 1") << 1;
+        QTest::newRow("modo 4") << 4;
+    }
+    void uscire_dalla_tastiera_senza_testo_lascia_tutto_com_era() {
+        QFETCH(int, modo);
+        a = GuidaDisegno::Apri(int16_t(modo));
+        Copione c(*orologio);
+        if (modo == 1) {
+            // Fn at once from 101 is 65 dwells away; then confirm.
+            c.Attendi(int64_t(PostoFn) * Sosta).Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+            orologio->Avanza(int64_t(128 - a->Motore.TastoCorrente) * Sosta);
+            QCOMPARE(a->Motore.TastoCorrente, int16_t(128));
+            c.Avvia();
+            QVERIFY(PremiTasto(Qt::Key_Return));
+            QVERIFY(c.Finito());
+        } else {
+            ScriviConLeFrecce(c, QString());
+            PremiCon(128, c);
+        }
+        QCOMPARE(PrimitivaAttiva, int16_t(0));
+        QCOMPARE(ComandoModifica, int16_t(0));
+        QCOMPARE(NumeroAzioni, 0);
+        QCOMPARE(InterlineaCorrente, int16_t(18));
+        if (modo == 1) {
+            // The ring walks again.
+            orologio->Avanza(Sosta);
+            QCOMPARE(a->Motore.TastoCorrente, int16_t(129));
+        }
+    }
+
+    void un_testo_si_rifiuta_con_un_elemento_o_un_oggetto_aperto() {
+        a = GuidaDisegno::Apri(4);
+        Premi(101);
+        const int64_t prima = ContatoreBip;
+        Premi(128);
+        QCOMPARE(ContatoreBip, prima + 1);
+        QCOMPARE(PrimitivaAttiva, int16_t(101));
+        Premi(117);
+        GuidaDisegno::LineaSelezionata(a);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        Premi(128);
+        QCOMPARE(ContatoreBip, prima + 2);
+        Premi(129);
+        QCOMPARE(ContatoreBip, prima + 3);
+    }
+
+    void una_figura_di_ogni_formato_si_apre_centrata_alla_sua_misura_data() {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("formato");
+        QTest::newRow("png") << QStringLiteral("sole.png") << QStringLiteral("PNG");
+        QTest::newRow("jpg") << QStringLiteral("sole.jpg") << QStringLiteral("JPG");
+        QTest::newRow("jpeg") << QStringLiteral("sole.jpeg") << QStringLiteral("JPEG");
+        QTest::newRow("bmp") << QStringLiteral("sole.bmp") << QStringLiteral("BMP");
+    }
+    void una_figura_di_ogni_formato_si_apre_centrata_alla_sua_misura() {
+        QFETCH(QString, nome);
+        QFETCH(QString, formato);
+        ScriviFigura(nome, qPrintable(formato), QSize(40, 30), QColor(0, 0, 255));
+        a = GuidaDisegno::Apri(4);
+        PrimaFigura();
+        QCOMPARE(amb->Scatole.size(), 0);
+        const RecordAzione& e = ElementoInCostruzione;
+        QCOMPARE(e.TipoAzione, TipiAzione::Immagine);
+        QCOMPARE(e.NomeFileImmagine, PercorsoFile() + '/' + nome);
+        QCOMPARE(e.XInizio, Predefiniti::CentroX - 300);
+        QCOMPARE(e.YInizio, Predefiniti::CentroY - 225);
+        QCOMPARE(e.XFine - e.XInizio, 600);
+        QCOMPARE(e.YFine - e.YInizio, 450);
+        QCOMPARE(e.SpessLinea, 1);
+        QCOMPARE(e.ColLinea, 0);
+        QVERIFY(e.Testo.isEmpty() && e.NomeFont.isEmpty());
+        QCOMPARE(PrimitivaAttiva, int16_t(129));
+        QCOMPARE(ComandoModifica, int16_t(113));
+        QCOMPARE(a->TastoMarcato, int16_t(129));
+        FineEFissa();
+        QCOMPARE(NumeroAzioni, 1);
+        // Blue where the picture lies, the grey of the canvas just outside it.
+        const QImage tela = a->Quadro.Immagine();
+        const int32_t centro = SondePixel::Colore(tela, SondePixel::Px(Predefiniti::CentroX),
+                                                  SondePixel::Px(Predefiniti::CentroY));
+        QVERIFY2((centro & 0xFF0000) > 0xE00000 && (centro & 0xFFFF) < 0x2020,
+                 qPrintable(QString::number(centro, 16)));
+        QCOMPARE(SondePixel::Colore(tela, SondePixel::Px(Predefiniti::CentroX - 320),
+                                    SondePixel::Px(Predefiniti::CentroY)),
+                 Sfondo);
+    }
+
+    void senza_scelta_dalla_lista_non_si_apre_nulla() {
+        ScriviFigura(QStringLiteral("sole.png"), "PNG", QSize(40, 30), Qt::blue);
+        a = GuidaDisegno::Apri(4);
+        Copione c(*orologio);
+        // Back from the first line, past "up": the last place of the ring, "back".
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        PremiCon(129, c);
+        QCOMPARE(PrimitivaAttiva, int16_t(0));
+        QCOMPARE(ComandoModifica, int16_t(0));
+        QCOMPARE(NumeroAzioni, 0);
+    }
+
+    void una_figura_che_non_si_legge_e_l_errore_1266_e_il_comando_va_avanti() {
+        QFile rotta(PercorsoFile() + QStringLiteral("/rotta.png"));
+        QVERIFY(rotta.open(QIODevice::WriteOnly));
+        rotta.write("non sono una figura");
+        rotta.close();
+        a = GuidaDisegno::Apri(4);
+        const QSize prima = a->QuadroImmagine->size();
+        PrimaFigura();
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY2(amb->Scatole[0].Testo.contains(QStringLiteral("481/1266:")),
+                 qPrintable(amb->Scatole[0].Testo));
+        // The command goes on with the size the picture control last had.
+        QCOMPARE(PrimitivaAttiva, int16_t(129));
+        QCOMPARE(ComandoModifica, int16_t(113));
+        QCOMPARE(ElementoInCostruzione.XFine - ElementoInCostruzione.XInizio,
+                 prima.width() * TwipsPerPixel);
+        // Its frame stands in the overlay; nobody is told twice.
+        FineEFissa();
+        a->RidisegnoCompleto();
+        a->RidisegnoCompleto();
+        QCOMPARE(amb->Scatole.size(), 1);
+        QCOMPARE(SondePixel::Colore(a->Quadro.Immagine(), SondePixel::Px(Azioni[1].XInizio),
+                                    SondePixel::Px(Predefiniti::CentroY)),
+                 Nero);
+    }
+
+    void una_figura_sparita_dopo_posta_resta_la_sua_cornice() {
+        ScriviFigura(QStringLiteral("sole.png"), "PNG", QSize(40, 30), Qt::blue);
+        a = GuidaDisegno::Apri(4);
+        PrimaFigura();
+        FineEFissa();
+        QVERIFY(QFile::remove(PercorsoFile() + QStringLiteral("/sole.png")));
+        for (int i = 0; i < 5; ++i)
+            a->RidisegnoCompleto();
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY(amb->Scatole[0].Testo.contains(QStringLiteral("(53/")));
+        const QImage tela = a->Quadro.Immagine();
+        const RecordAzione& f = Azioni[1];
+        QCOMPARE(SondePixel::Colore(tela, SondePixel::Px(f.XInizio),
+                                    SondePixel::Px(Predefiniti::CentroY)),
+                 Nero);
+        QCOMPARE(SondePixel::Colore(tela, SondePixel::Px(Predefiniti::CentroX),
+                                    SondePixel::Px(Predefiniti::CentroY)),
+                 Sfondo);
+    }
+
+    void una_figura_enorme_si_apre_ridotta_alla_tela_e_si_legge_una_volta() {
+        ScriviFigura(QStringLiteral("grande.jpg"), "JPG", QSize(8000, 6000), QColor(255, 0, 0));
+        a = GuidaDisegno::Apri(4);
+        PrimaFigura();
+        QCOMPARE(amb->Scatole.size(), 0);
+        const RecordAzione& e = ElementoInCostruzione;
+        // 4 by 3 fitted to the canvas of 943 by 667 pixels.
+        QCOMPARE(e.XFine - e.XInizio, 889 * TwipsPerPixel);
+        QCOMPARE(e.YFine - e.YInizio, 667 * TwipsPerPixel);
+        const QString percorso = PercorsoFile() + QStringLiteral("/grande.jpg");
+        const qint64 chiave = Superficie::LoadPicture(percorso).cacheKey();
+        FineEFissa();
+        a->RidisegnoCompleto();
+        QCOMPARE(Superficie::LoadPicture(percorso).cacheKey(), chiave);
+        const int32_t centro =
+            SondePixel::Colore(a->Quadro.Immagine(), SondePixel::Px(Predefiniti::CentroX),
+                               SondePixel::Px(Predefiniti::CentroY));
+        QVERIFY2((centro & 0xFF) > 0xE0, qPrintable(QString::number(centro, 16)));
+    }
+};
+
+QTEST_MAIN(ProvaTestiImmagini)
+#include "test_testi_immagini.moc"
