@@ -162,6 +162,36 @@ private slots:
         QCOMPARE(a->Quadro.Immagine(), tela);
     }
 
+    void grassetto_e_corsivo_si_vedono_uguali_dal_vivo_e_ripresi() {
+        a = GuidaDisegno::Apri(4);
+        ScriviTesto(QStringLiteral("ZANTO"));
+        FineEFissa();
+        const QImage semplice = a->Quadro.Immagine().copy();
+        // A new empty drawing, then the same words bold, italic and larger.
+        a->DisegnoVuoto();
+        GrassettoCorrente = 1;
+        CorsivoCorrente = 1;
+        DimensioneFontCorrente = 20;
+        ScriviTesto(QStringLiteral("ZANTO"));
+        const RecordAzione e = ElementoInCostruzione;
+        QCOMPARE(e.Grassetto, 1);
+        QCOMPARE(e.Corsivo, 1);
+        QCOMPARE(e.SizeFont, 20);
+        const QImage sopra = a->Quadro.Schermo().copy();
+        FineEFissa();
+        const QImage tela = a->Quadro.Immagine().copy();
+        QVERIFY(tela != semplice);
+        const QRect dentro(
+            QPoint(SondePixel::Px(e.XInizio) + 1, SondePixel::Px(e.YInizio) + 1),
+            QPoint(SondePixel::Px(e.XFine) - 1, SondePixel::Px(e.YFine) - 1));
+        QVERIFY(ContaNelBox(tela, Nero, e).Dentro > 40);
+        QCOMPARE(sopra.copy(dentro), tela.copy(dentro));
+        a->RidisegnoCompleto();
+        QCOMPARE(a->Quadro.Immagine(), tela);
+        // The box fits the bold, larger words: nothing of them outside it.
+        QCOMPARE(ContaNelBox(tela, Nero, e).Fuori, 0);
+    }
+
     void il_secondo_testo_non_ha_interlinea_e_piu_righe_misurano_meta() {
         a = GuidaDisegno::Apri(4);
         ScriviTesto(QStringLiteral("A"));
