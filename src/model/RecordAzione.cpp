@@ -68,3 +68,16 @@ void RiscriviInizioAzioni(const QList<RecordAzione>& tenute, int32_t numero) {
         Azioni[i] = tenute[i];
     NumeroAzioni = numero;
 }
+
+void ColorazioniInTondini() {
+    for (int32_t i = 1; i <= NumeroAzioni; ++i)
+        if (Azioni[i].TipoAzione == TipiAzione::Colorazione) Azioni[i].FlagPienoVuoto = FlagVuoto;
+}
+
+void EliminaAzione(int32_t indice) {
+    if (indice < 1 || indice > NumeroAzioni) return;
+    for (int32_t i = indice; i < NumeroAzioni; ++i)
+        Azioni[i] = Azioni[i + 1];
+    --NumeroAzioni;
+    Azioni.resize(qsizetype(NumeroAzioni) + 1);
+}

@@ -131,6 +131,10 @@ void CopiaAzioniUndoInAzioni();           // AzioniUndo -> Azioni
 void SvuotaAzioni();
 // On a new drawing only the count is reset.
 void AzzeraNumeroAzioni();
+// Every fill of Azioni becomes its marker dot: what it rested on has changed.
+void ColorazioniInTondini();
+// Takes action `indice` out of Azioni: those behind it move one place up.
+void EliminaAzione(int32_t indice);
 // Writes `tenute` (from 1 to `numero`) over the start of Azioni; the count falls
 // and the capacity stays, so elements past the count are stale.
 void RiscriviInizioAzioni(const QList<RecordAzione>& tenute, int32_t numero);

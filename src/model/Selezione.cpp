@@ -164,12 +164,7 @@ void SelezionaElementi() {
 
 void RimuoviSelezione() {
     EseguiPassi({
-        {3800,
-         [] {
-             for (int32_t i = 1; i <= NumeroAzioni; ++i)
-                 if (Azioni[i].TipoAzione == TipiAzione::Colorazione)
-                     Azioni[i].FlagPienoVuoto = FlagVuoto;
-         }},
+        {3800, [] { ColorazioniInTondini(); }},
         {3810,
          [] {
              // An index may by now lie past the end of the list (an object drawn

@@ -147,6 +147,15 @@ void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista) {
 
 void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
                   int32_t ultima, bool riempimentoPerAzione) {
+    TracciaLista(superficie, lista, prima, ultima,
+                 [riempimentoPerAzione](Superficie& s, const RecordAzione& a, int32_t) {
+                     if (riempimentoPerAzione) s.FillStyle = 1;
+                     TracciaAzione(s, a);
+                 });
+}
+
+void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
+                  int32_t ultima, const TracciaUnaAzione& traccia) {
     // The index lives outside the step, so that a retry starts again at the
     // action that failed and not at the first one.
     int32_t indice = prima;
@@ -163,8 +172,7 @@ void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int3
              for (; indice <= ultima; ++indice) {
                  if (indice < 1 || indice >= lista.size())
                      throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
-                 if (riempimentoPerAzione) superficie.FillStyle = 1;
-                 TracciaAzione(superficie, lista[indice]);
+                 traccia(superficie, lista[indice], indice);
              }
          }},
         {3290,

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 
 class Superficie;
 
@@ -34,6 +35,15 @@ void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista = Az
 // its steps.
 void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
                   int32_t ultima, bool riempimentoPerAzione = false);
+
+// How one action of a replay is drawn, given with its index in the list.
+using TracciaUnaAzione =
+    std::function<void(Superficie& superficie, const RecordAzione& azione, int32_t indice)>;
+
+// The same replay with each action drawn by `traccia`: a panel that shows one
+// action picked out among the others changes the pen around the common drawing.
+void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
+                  int32_t ultima, const TracciaUnaAzione& traccia);
 
 // One action drawn with the surface's current keep state, as replay draws it.
 void TracciaAzione(Superficie& superficie, const RecordAzione& azione);

@@ -50,6 +50,8 @@ private slots:
     void svuotamento_all_apertura_ridimensiona_l_array();
     void nuovo_disegno_azzera_solo_il_conteggio();
     void rimozione_lascia_capacita_ed_elementi_oltre_il_conteggio();
+    void eliminare_un_azione_fa_salire_quelle_dopo();
+    void le_colorazioni_diventano_tondini_e_il_resto_non_cambia();
     void fattore_dei_gradi_usa_il_pi_troncato();
     void nuovo_arco_non_modificato_finisce_a_due_radianti();
     void predefiniti_dell_ambiente_di_disegno();
@@ -238,6 +240,42 @@ void TestRecordAzione::rimozione_lascia_capacita_ed_elementi_oltre_il_conteggio(
     RiscriviInizioAzioni(QList<RecordAzione>{RecordAzione{}}, 0);
     QCOMPARE(NumeroAzioni, 0);
     QCOMPARE(Azioni.size(), 6);
+}
+
+void TestRecordAzione::eliminare_un_azione_fa_salire_quelle_dopo() {
+    for (int x = 1; x <= 4; ++x)
+        AggiungiLinea(x);
+    EliminaAzione(2);
+    QCOMPARE(NumeroAzioni, 3);
+    QCOMPARE(Azioni.mid(1, 3), (QList<RecordAzione>{Linea(1), Linea(3), Linea(4)}));
+    EliminaAzione(3);
+    QCOMPARE(Azioni.mid(1, NumeroAzioni), (QList<RecordAzione>{Linea(1), Linea(3)}));
+    // An index outside the list takes nothing.
+    EliminaAzione(0);
+    EliminaAzione(3);
+    QCOMPARE(NumeroAzioni, 2);
+    EliminaAzione(1);
+    EliminaAzione(1);
+    QCOMPARE(NumeroAzioni, 0);
+    QCOMPARE(Azioni.size(), 1);
+}
+
+void TestRecordAzione::le_colorazioni_diventano_tondini_e_il_resto_non_cambia() {
+    AggiungiLinea(1);
+    RecordAzione colorazione;
+    colorazione.TipoAzione = TipiAzione::Colorazione;
+    colorazione.FlagPienoVuoto = FlagPieno;
+    ElementoInCostruzione = colorazione;
+    AggiungiElementoInCostruzione();
+    RecordAzione pieno = Linea(2);
+    pieno.TipoAzione = TipiAzione::Rettangolo;
+    pieno.FlagPienoVuoto = FlagPieno;
+    ElementoInCostruzione = pieno;
+    AggiungiElementoInCostruzione();
+    ColorazioniInTondini();
+    QCOMPARE(Azioni[1], Linea(1));
+    QCOMPARE(Azioni[2].FlagPienoVuoto, FlagVuoto);
+    QCOMPARE(Azioni[3], pieno);
 }
 
 void TestRecordAzione::fattore_dei_gradi_usa_il_pi_troncato() {

@@ -31,6 +31,9 @@ QStringList IconePannelli() {
         nomi << QStringLiteral(":/icone/pannelli/%1.svg").arg(QLatin1String(n));
     for (const char* n : {"su", "giu", "conferma", "nuova-cartella", "elimina", "indietro"})
         nomi << QStringLiteral(":/icone/lista/%1.svg").arg(QLatin1String(n));
+    for (const char* n : {"rende-attiva", "elimina", "precedente", "successiva", "prima", "ultima",
+                          "sposta-prima", "sposta-dopo"})
+        nomi << QStringLiteral(":/icone/selezione/%1.svg").arg(QLatin1String(n));
     return nomi;
 }
 
