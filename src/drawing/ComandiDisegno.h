@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drawing/ComandiColori.h"
 #include "drawing/ComandiFile.h"
 #include "drawing/ComandiOggetti.h"
 #include "drawing/ComandiPrimitive.h"
@@ -19,7 +20,7 @@ class ComandiDisegno {
 public:
     explicit ComandiDisegno(AmbienteDisegno& ambiente)
         : a_(ambiente), primitive_(ambiente), oggetti_(ambiente), file_(ambiente),
-          storia_(ambiente) {}
+          storia_(ambiente), colori_(ambiente) {}
 
     void TastoDisegno_Click(int16_t indice);
 
@@ -31,4 +32,5 @@ private:
     ComandiOggetti oggetti_;
     ComandiFile file_;
     ComandiStoria storia_;
+    ComandiColori colori_;
 };
