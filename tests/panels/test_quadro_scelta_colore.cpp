@@ -152,7 +152,7 @@ private slots:
             if (colonna > 0) QVERIFY(!corone[i].intersects(corone[i - 1]));
             if (riga > 0) QVERIFY(!corone[i].intersects(corone[i - 8]));
         }
-        // The form is as high as the definition gives it: the rings of the last
+        // The form is 2190 twips high, a pixel under its last row: the rings of the last
         // row keep one pixel under their buttons, all others their whole width.
         for (int i = 0; i < 24; ++i) {
             QVERIFY(corone[i].left() >= 0 && corone[i].top() >= 0);
