@@ -79,6 +79,9 @@ void ComandiDisegno::Comando(int16_t indice) {
     case 114:
         NumeroAzioni != 0 && liberoDaElementi ? primitive_.ColoraZona() : a_.Rifiuta();
         return;
+    case 115:
+        colori_.SceltaColoreZona();
+        return;
     case 116:
         primitive_.SceltaFormePieneVuote();
         return;
@@ -128,8 +131,8 @@ void ComandiDisegno::Comando(int16_t indice) {
         file_.ChiudiAmbiente();
         return;
     default:
-        // The colour, settings, element choice and print commands come with
-        // their own panels; until then they only answer with a beep.
+        // The settings and print commands come with their own panels; until
+        // then they only answer with a beep.
         a_.Rifiuta();
         return;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawing/ComandiElementi.h"
+#include "drawing/ComandiColori.h"
 #include "drawing/ComandiFile.h"
 #include "drawing/ComandiOggetti.h"
 #include "drawing/ComandiPrimitive.h"
@@ -20,7 +21,7 @@ class ComandiDisegno {
 public:
     explicit ComandiDisegno(AmbienteDisegno& ambiente)
         : a_(ambiente), primitive_(ambiente), oggetti_(ambiente), file_(ambiente),
-          storia_(ambiente), elementi_(ambiente) {}
+          storia_(ambiente), elementi_(ambiente), colori_(ambiente) {}
 
     void TastoDisegno_Click(int16_t indice);
 
@@ -33,4 +34,5 @@ private:
     ComandiFile file_;
     ComandiStoria storia_;
     ComandiElementi elementi_;
+    ComandiColori colori_;
 };

@@ -35,6 +35,18 @@ private:
     bool Visibile(int16_t indice) const;
 };
 
+// What a button that is there for later versions says when it is chosen. The
+// two contact lines stand for the assistance service's own.
+inline const QString TestoTastoNonOperativo =
+    QStringLiteral("ATTENZIONE!\rIl presente Tasto NON è attualmente operativo!\r"
+                   "E' stato inserito per compatibilità con future\r"
+                   "versioni del Programma ZANTO.\r"
+                   "E' possibile richiedere informazioni al Centro\r"
+                   "Assistenza scrivendo al seguente indirizzo E-Mail:\r"
+                   "assistenza.zanto@example.org\r"
+                   "oppure telefonando al numero 000 0000000\r"
+                   "Premere «OK» per proseguire!");
+
 // Opens the panel with the globals as they stand, waits for the answer and
 // returns EsitoQuadroMessaggi.
 int16_t MostraQuadroMessaggi();

@@ -46,11 +46,12 @@ struct Foto {
     QList<RecordAzione> ListaAzioni, ListaAttivi;
     RecordAzione Elemento;
     int Bip;
+    int32_t Zona; // the fill colour in use
 
     static Foto Ora() {
         return {PrimitivaAttiva,      ComandoModifica,       OggettoAttivo, NumeroAzioni,
                 NumeroElementiAttivi, RiempimentoCorrente,   CopiaOSposta,  Azioni,
-                ElementiAttivi,       ElementoInCostruzione, ContatoreBip};
+                ElementiAttivi,       ElementoInCostruzione, ContatoreBip,  ColoreZonaCorrente};
     }
     bool StessoStato(const Foto& f) const {
         return P == f.P && C == f.C && O == f.O && N == f.N && Attivi == f.Attivi &&
@@ -63,6 +64,7 @@ struct Foto {
 // What opens above the screen when the button acts. Storia is the undo panel
 // and then the question of the message panel; a question or a list is
 // answered "no" or left by its last button, the keyboard by its close key.
+// The colour panel is answered red.
 enum class Pannello {
     Nessuno,
     Direzione,
@@ -71,7 +73,8 @@ enum class Pannello {
     Domanda,
     Lista,
     Immagini,
-    Tastiera
+    Tastiera,
+    Colore
 };
 
 using Condizione = std::function<bool(const Stato&)>;
@@ -131,7 +134,12 @@ const QList<Riga>& Tabella() {
         {114, [](const Stato& s) { return s.N != 0 && Libero(s); },
          [](int16_t, const Foto&, const Foto& d) { return d.P == 114 && d.C == 114; },
          Pannello::Direzione},
-        {115, Sempre, NonProvato, Pannello::Nessuno, Sempre},
+        // Red on the colour panel: the fill colour changes, and nothing else.
+        {115, Sempre,
+         [](int16_t, const Foto& p, const Foto& d) {
+             return p.Zona != 0x0000FF && d.Zona == 0x0000FF && d.StessoStato(p);
+         },
+         Pannello::Colore},
         {116, Sempre,
          [](int16_t, const Foto& p, const Foto& d) { return d.Riempimento != p.Riempimento; }},
         {117, [](const Stato& s) { return s.P != 0 || s.O != 0; },
@@ -330,6 +338,13 @@ class ProvaTabellaComandi : public QObject {
                 pannelloVisto = f->windowTitle();
                 f->ClickTasto(f->Motore.Ultimo);
             });
+        if (apre == Pannello::Colore)
+            c.Esegui([this] {
+                FormScansione* f = FormScansione::InPrimoPiano();
+                if (f == nullptr || f == a) return;
+                pannelloVisto = f->windowTitle();
+                f->ClickTasto(104);
+            });
         if (apre == Pannello::Storia) {
             // One step of the mode at a time: to step 0 on the time line, then
             // from "Annulla" to "OK" on the question.
@@ -451,6 +466,9 @@ class ProvaTabellaComandi : public QObject {
             QVERIFY2(pannelloVisto ==
                          QStringLiteral("Programma «ZANTO»  -  INFORMAZIONI  E  SCELTE"),
                      qPrintable(nome + QStringLiteral(": no question")));
+        if (apre == Pannello::Colore)
+            QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO»  -  Scelta Colore"),
+                     qPrintable(nome + QStringLiteral(": no colour panel")));
         if (apre == Pannello::Lista)
             QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO» - Scelta Disegno"),
                      qPrintable(nome + QStringLiteral(": no list")));

@@ -27,7 +27,7 @@ QStringList IconePannelli() {
          {"direzione-sinistra", "direzione-destra", "direzione-alto", "direzione-basso", "chiudi",
           "ribalta-destro", "ribalta-sinistro", "ribalta-inferiore", "ribalta-superiore",
           "font-scelta", "font-dimensione", "grassetto-si", "grassetto-no", "corsivo-si",
-          "corsivo-no"})
+          "corsivo-no", "arcobaleno", "annulla-colore"})
         nomi << QStringLiteral(":/icone/pannelli/%1.svg").arg(QLatin1String(n));
     for (const char* n : {"su", "giu", "conferma", "nuova-cartella", "elimina", "indietro"})
         nomi << QStringLiteral(":/icone/lista/%1.svg").arg(QLatin1String(n));

@@ -13,6 +13,7 @@
 #include "model/TracciaAzioni.h"
 #include "panels/Elaborazioni.h"
 #include "panels/QuadroMostraLista.h"
+#include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
 #include "panels/QuadroScriviTesto.h"
 #include "start/Avvio.h"
@@ -74,6 +75,7 @@ void RipristinaGlobali() {
         abilita = 0;
     DirezioneScelta = 0;
     RibaltamentoScelto = 0;
+    ColoreScelto = -1;
     SpostaIconaMirino = nullptr;
     AzzeraSelezione();
     Azioni = QList<RecordAzione>{RecordAzione{}};
