@@ -103,6 +103,10 @@ void ComandiDisegno::Comando(int16_t indice) {
         NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 0 ? oggetti_.EliminaOggetto()
                                                                    : a_.Rifiuta();
         return;
+    case 121:
+        NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 1 ? elementi_.ScegliElemento()
+                                                                   : a_.Rifiuta();
+        return;
     case 122:
         if (NumeroAzioni != 0 && PrimitivaAttiva < 1 && OggettoAttivo != 1 &&
             Azioni[NumeroAzioni].TipoAzione != TipiAzione::Colorazione)

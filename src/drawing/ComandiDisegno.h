@@ -1,7 +1,7 @@
 #pragma once
 
-#include "drawing/ComandiElementi.h"
 #include "drawing/ComandiColori.h"
+#include "drawing/ComandiElementi.h"
 #include "drawing/ComandiFile.h"
 #include "drawing/ComandiOggetti.h"
 #include "drawing/ComandiPrimitive.h"

@@ -74,7 +74,8 @@ enum class Pannello {
     Lista,
     Immagini,
     Tastiera,
-    Colore
+    Colore,
+    Elementi
 };
 
 using Condizione = std::function<bool(const Stato&)>;
@@ -157,7 +158,7 @@ const QList<Riga>& Tabella() {
         {120, ComeSelezione,
          [](int16_t, const Foto&, const Foto& d) { return d.P == 120 && d.C == 113; },
          Pannello::Direzione},
-        {121, ComeSelezione, NonProvato, Pannello::Nessuno, Sempre},
+        {121, ComeSelezione, NienteCambia, Pannello::Elementi},
         {122, [](const Stato& s) { return s.N != 0 && s.P < 1 && s.O != 1 && !s.UltimaZona; },
          [](int16_t, const Foto& p, const Foto& d) {
              return d.P == 100 + p.ListaAzioni[p.N].TipoAzione;
@@ -331,7 +332,8 @@ class ProvaTabellaComandi : public QObject {
                 k->ClickTasto(166); // to the function keys
                 k->ClickTasto(107); // "close"
             });
-        if (apre == Pannello::Domanda || apre == Pannello::Lista || apre == Pannello::Immagini)
+        if (apre == Pannello::Domanda || apre == Pannello::Lista || apre == Pannello::Immagini ||
+            apre == Pannello::Elementi)
             c.Esegui([this] {
                 FormScansione* f = FormScansione::InPrimoPiano();
                 if (f == nullptr || f == a) return;
@@ -475,6 +477,10 @@ class ProvaTabellaComandi : public QObject {
         if (apre == Pannello::Immagini)
             QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO» - Scelta Immagine"),
                      qPrintable(nome + QStringLiteral(": no list of pictures")));
+        if (apre == Pannello::Elementi)
+            QVERIFY2(pannelloVisto.startsWith(
+                         QStringLiteral("Programma «ZANTO»  -  Selezione Elemento")),
+                     qPrintable(nome + QStringLiteral(": no element panel")));
         if (apre == Pannello::Tastiera)
             QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO»  -  Scrittura Testi"),
                      qPrintable(nome + QStringLiteral(": no keyboard")));

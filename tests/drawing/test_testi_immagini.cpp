@@ -181,9 +181,8 @@ private slots:
         FineEFissa();
         const QImage tela = a->Quadro.Immagine().copy();
         QVERIFY(tela != semplice);
-        const QRect dentro(
-            QPoint(SondePixel::Px(e.XInizio) + 1, SondePixel::Px(e.YInizio) + 1),
-            QPoint(SondePixel::Px(e.XFine) - 1, SondePixel::Px(e.YFine) - 1));
+        const QRect dentro(QPoint(SondePixel::Px(e.XInizio) + 1, SondePixel::Px(e.YInizio) + 1),
+                           QPoint(SondePixel::Px(e.XFine) - 1, SondePixel::Px(e.YFine) - 1));
         QVERIFY(ContaNelBox(tela, Nero, e).Dentro > 40);
         QCOMPARE(sopra.copy(dentro), tela.copy(dentro));
         a->RidisegnoCompleto();
