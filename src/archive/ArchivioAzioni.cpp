@@ -227,13 +227,15 @@ bool RegistraDisegno(const Superficie& quadro) {
     return riuscito && passiFatti == 7;
 }
 
-bool RegistraOggetto() {
+bool RegistraOggetto(int32_t codiceDaSostituire) {
     std::optional<Transazione> transazione;
     int passiFatti = 0;
     const bool riuscito = EseguiPassi({
         {4400,
          [&] {
              transazione.emplace(Archivio(ArchivioOggetti));
+             // The old object goes in the same transaction: a fault keeps it.
+             if (codiceDaSostituire > 0) EliminaOggetto(codiceDaSostituire);
              ++passiFatti;
          }},
         {4410,

@@ -55,8 +55,10 @@ bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella);
 // the error routine with its mark (4300 to 4390): before the commit nothing
 // changes, after it the rows stand and the current code and state follow them.
 bool RegistraDisegno(const Superficie& quadro);
-// Saves ElementiAttivi as a new object in the active folder of objects.
-bool RegistraOggetto();
+// Saves ElementiAttivi as a new object in the active folder of objects; an
+// object it replaces is deleted in the same transaction, so that its code is
+// free for the new one.
+bool RegistraOggetto(int32_t codiceDaSostituire = 0);
 
 // Where RegistraDisegno writes the bitmap of a drawing: in its folder's
 // directory, under its name made safe (a changed name carries the code).

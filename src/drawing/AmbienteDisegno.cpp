@@ -13,6 +13,7 @@
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroSceltaDirezione.h"
+#include "panels/QuadroSettaggi.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -178,15 +179,30 @@ void AmbienteDisegno::CostruisciControlli() {
     QuadroImmagine->hide();
 }
 
+void AmbienteDisegno::ComponiTitolo(const QString& inizio) {
+    TitoloAmbiente = inizio + NomeCartellaAttiva.trimmed() + QStringLiteral("   [ ") +
+                     QStringLiteral("%1").arg(CodiceCartellaAttiva, 4, 10, QChar(u'0')) +
+                     QStringLiteral(" ] » ");
+}
+
+void AmbienteDisegno::ApriSettaggi() {
+    // Above the right edge of the canvas, level with the column of buttons.
+    const int sinistra = LarghezzaQuadroDisegno - 795 + 220;
+    const int alto = Twips(Corone.value(120)->y()) + 520;
+    ApriQuadroSettaggi(
+        Quadro, [this] { MostraColori(); }, sinistra, alto);
+    // After a first visit the title keeps the program's word in front.
+    ComponiTitolo(QStringLiteral("Programma «ZANTO»  -  AMBIENTE  DI  DISEGNO  #  Cartella "
+                                 "Attiva: « "));
+    if (TastoZanto* tasto = Tasti.value(Motore.TastoCorrente)) ScriviComando(tasto->toolTip());
+}
+
 void AmbienteDisegno::AttivaAmbienteDisegno() {
     EseguiPassi({
         {1000,
          [this] {
-             TitoloAmbiente = QStringLiteral("«ZANTO»  -  AMBIENTE  DI  DISEGNO  #  Cartella "
-                                             "Attiva: « ") +
-                              NomeCartellaAttiva.trimmed() + QStringLiteral("   [ ") +
-                              QStringLiteral("%1").arg(CodiceCartellaAttiva, 4, 10, QChar(u'0')) +
-                              QStringLiteral(" ] » ");
+             ComponiTitolo(QStringLiteral("«ZANTO»  -  AMBIENTE  DI  DISEGNO  #  Cartella "
+                                          "Attiva: « "));
              CentroSchermoX = Intero16(static_cast<int64_t>(Px(LarghezzaQuadroDisegno / 2 + 15)));
              CentroSchermoY = Intero16(static_cast<int64_t>(Px(AltezzaQuadroDisegno / 2 + 780)));
              ParcheggiaMouse();
@@ -268,14 +284,7 @@ void AmbienteDisegno::ClickTasto(int16_t indice) {
 }
 
 void AmbienteDisegno::RidisegnoCompleto() {
-    Quadro.ImmagineVuota();
-    // The dotted pen of an open element or a selection box must not reach the
-    // drawing: a replay starts from the plain pen and no fill.
-    Quadro.DrawStyle = 0;
-    Quadro.FillStyle = 1;
-    PrimaAzioneTraccia = 1;
-    UltimaAzioneTraccia = Intero16(static_cast<int64_t>(NumeroAzioni));
-    TracciaAzioni(Quadro);
+    RitracciaTutto(Quadro);
 }
 
 void AmbienteDisegno::DisegnoVuoto() {

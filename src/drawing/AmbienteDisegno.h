@@ -48,6 +48,9 @@ public:
     void MostraColori();
     // A two-way button shows its new way at once: `nome` is a picture of the screen.
     void CambiaIcona(int16_t indice, const QString& nome);
+    // The settings panel; the title is built again after it, as the active
+    // folder may have changed.
+    void ApriSettaggi();
     // Writes the title and MostraInfo for the button under the ring.
     void ScriviComando(const QString& suggerimento);
 
@@ -72,6 +75,7 @@ public:
 
 private:
     void CostruisciControlli();
+    void ComponiTitolo(const QString& inizio);
     void AttendiPasso();
     void FermaCammino();
 

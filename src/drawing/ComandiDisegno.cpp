@@ -124,6 +124,9 @@ void ComandiDisegno::Comando(int16_t indice) {
         NumeroAzioni != 0 && liberoDaElementi&& OggettoAttivo != 1 ? file_.SalvaDisegno()
                                                                    : a_.Rifiuta();
         return;
+    case 124:
+        settaggi_.AccessoSettaggi();
+        return;
     case 128:
         // The text tests its own state: a reopened text passes where a new one would not.
         elementi_.ScritturaTesti();
@@ -135,8 +138,7 @@ void ComandiDisegno::Comando(int16_t indice) {
         file_.ChiudiAmbiente();
         return;
     default:
-        // The settings and print commands come with their own panels; until
-        // then they only answer with a beep.
+        // Printing comes with its own panel; until then it answers with a beep.
         a_.Rifiuta();
         return;
     }

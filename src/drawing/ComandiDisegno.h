@@ -5,6 +5,7 @@
 #include "drawing/ComandiFile.h"
 #include "drawing/ComandiOggetti.h"
 #include "drawing/ComandiPrimitive.h"
+#include "drawing/ComandiSettaggi.h"
 #include "drawing/ComandiStoria.h"
 
 #include <cstdint>
@@ -21,7 +22,7 @@ class ComandiDisegno {
 public:
     explicit ComandiDisegno(AmbienteDisegno& ambiente)
         : a_(ambiente), primitive_(ambiente), oggetti_(ambiente), file_(ambiente),
-          storia_(ambiente), elementi_(ambiente), colori_(ambiente) {}
+          storia_(ambiente), elementi_(ambiente), colori_(ambiente), settaggi_(ambiente) {}
 
     void TastoDisegno_Click(int16_t indice);
 
@@ -35,4 +36,5 @@ private:
     ComandiStoria storia_;
     ComandiElementi elementi_;
     ComandiColori colori_;
+    ComandiSettaggi settaggi_;
 };

@@ -74,6 +74,11 @@ void ColorazioniInTondini() {
         if (Azioni[i].TipoAzione == TipiAzione::Colorazione) Azioni[i].FlagPienoVuoto = FlagVuoto;
 }
 
+void TondiniInColorazioni() {
+    for (int32_t i = 1; i <= NumeroAzioni; ++i)
+        if (Azioni[i].TipoAzione == TipiAzione::Colorazione) Azioni[i].FlagPienoVuoto = FlagPieno;
+}
+
 void EliminaAzione(int32_t indice) {
     if (indice < 1 || indice > NumeroAzioni) return;
     for (int32_t i = indice; i < NumeroAzioni; ++i)

@@ -133,6 +133,8 @@ void SvuotaAzioni();
 void AzzeraNumeroAzioni();
 // Every fill of Azioni becomes its marker dot: what it rested on has changed.
 void ColorazioniInTondini();
+// Every fill of Azioni run again as a fill.
+void TondiniInColorazioni();
 // Takes action `indice` out of Azioni: those behind it move one place up.
 void EliminaAzione(int32_t indice);
 // Writes `tenute` (from 1 to `numero`) over the start of Azioni; the count falls

@@ -58,14 +58,6 @@ void PrendiAzione(int32_t indice) {
     ElementiAttivi.append(copia);
 }
 
-void PrendiRiferimento() {
-    PrendiBoxRiferimento();
-    // A group never shrinks below a tenth of the box it had when it was taken.
-    PassoRidimensioneX = Intero32(double(Arrotonda((double(IngombroXMax) - IngombroXMin) / 10)));
-    PassoRidimensioneY = Intero32(double(Arrotonda((double(IngombroYMax) - IngombroYMin) / 10)));
-    OggettoAttivo = 1;
-}
-
 // The mirror of v about the axis, and whether v lies on the side that moves.
 struct Specchio {
     double Asse = 0;
@@ -233,6 +225,14 @@ void RidisegnaUltimoOggetto() {
             break; // a picture stays where it was
         }
     }
+    OggettoAttivo = 1;
+}
+
+void PrendiRiferimento() {
+    PrendiBoxRiferimento();
+    // A group never shrinks below a tenth of the box it had when it was taken.
+    PassoRidimensioneX = Intero32(double(Arrotonda((double(IngombroXMax) - IngombroXMin) / 10)));
+    PassoRidimensioneY = Intero32(double(Arrotonda((double(IngombroYMax) - IngombroYMin) / 10)));
     OggettoAttivo = 1;
 }
 

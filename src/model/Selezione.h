@@ -48,6 +48,10 @@ void SelezionaElementi();
 // reference box a resize stretches against.
 void PrendiBoxRiferimento();
 
+// The group in ElementiAttivi becomes the object in the hands: its reference
+// box, its two resize steps, and OggettoAttivo 1.
+void PrendiRiferimento();
+
 // Takes the actions of ElementiSelezionati out of Azioni, keeping the order of
 // the rest and the capacity of the list. Every fill that remains becomes a dot,
 // since what it rested on may be gone.

@@ -145,6 +145,15 @@ void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista) {
     TracciaLista(superficie, lista, PrimaAzioneTraccia, UltimaAzioneTraccia);
 }
 
+void RitracciaTutto(Superficie& superficie) {
+    superficie.ImmagineVuota();
+    superficie.DrawStyle = 0;
+    superficie.FillStyle = 1;
+    PrimaAzioneTraccia = 1;
+    UltimaAzioneTraccia = Intero16(static_cast<int64_t>(NumeroAzioni));
+    TracciaAzioni(superficie);
+}
+
 void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
                   int32_t ultima, bool riempimentoPerAzione) {
     TracciaLista(superficie, lista, prima, ultima,

@@ -29,6 +29,10 @@ inline constexpr float RaggioTondino = 50;
 // error routine tells why.
 void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista = Azioni);
 
+// The whole of Azioni again on an empty picture, from the plain pen and no
+// fill, so that nothing an overlay left behind reaches the drawing.
+void RitracciaTutto(Superficie& superficie);
+
 // The same replay of actions `prima`..`ultima` of `lista`, leaving the shared
 // range alone. With `riempimentoPerAzione` each action starts from FillStyle 1,
 // so that no fill passes from one action to the next, as the undo panel shows

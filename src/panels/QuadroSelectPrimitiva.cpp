@@ -1,10 +1,10 @@
 #include "panels/QuadroSelectPrimitiva.h"
-
 #include "drawing/VistaSuperficie.h"
 #include "input/IconaSvg.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "model/TracciaSelezione.h"
+#include "panels/ScrittaPannello.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -53,17 +53,8 @@ const Tasto TastiSelezione[] = {
 
 QLabel* Scritta(QWidget* genitore, int sinistra, int larghezza, const QString& testo,
                 Qt::Alignment allineamento) {
-    auto* l = new QLabel(testo, genitore);
-    l->setGeometry(RettangoloTwips(sinistra, AltoScritte, larghezza, AltezzaScritte));
-    QFont f(QStringLiteral("Arial"));
-    f.setPointSizeF(11);
-    f.setBold(true);
-    l->setFont(f);
-    QPalette p = l->palette();
-    p.setColor(QPalette::WindowText, Qt::white);
-    l->setPalette(p);
-    l->setAlignment(allineamento | Qt::AlignVCenter);
-    return l;
+    return ScrittaPannello(genitore, QRect(sinistra, AltoScritte, larghezza, AltezzaScritte), testo,
+                           11, allineamento);
 }
 
 } // namespace
@@ -240,13 +231,7 @@ void QuadroSelectPrimitiva::Sposta(int32_t verso) {
 }
 
 void QuadroSelectPrimitiva::RidisegnaTela() {
-    tela_.ImmagineVuota();
-    // A dotted pen left by the overlay must not reach the drawing.
-    tela_.DrawStyle = 0;
-    tela_.FillStyle = 1;
-    PrimaAzioneTraccia = 1;
-    UltimaAzioneTraccia = Intero16(static_cast<int64_t>(NumeroAzioni));
-    TracciaAzioni(tela_);
+    RitracciaTutto(tela_);
 }
 
 void QuadroSelectPrimitiva::Riprendi() {

@@ -5,6 +5,7 @@
 #include "input/IconaSvg.h"
 #include "model/RecordAzione.h"
 #include "model/TracciaAzioni.h"
+#include "panels/ScrittaPannello.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -42,17 +43,8 @@ constexpr int32_t ColoreNumero = 0xFFFFFF;
 constexpr int32_t SfondoDisegnoUndo = 0xC0C0C0;
 
 QLabel* Scritta(QWidget* genitore, int sinistra, const QString& testo, Qt::Alignment allineamento) {
-    auto* l = new QLabel(testo, genitore);
-    l->setGeometry(RettangoloTwips(sinistra, AltoScritte, LarghezzaScritta, AltezzaScritte));
-    QFont f(QStringLiteral("Arial"));
-    f.setPointSizeF(9);
-    f.setBold(true);
-    l->setFont(f);
-    QPalette p = l->palette();
-    p.setColor(QPalette::WindowText, Qt::white);
-    l->setPalette(p);
-    l->setAlignment(allineamento | Qt::AlignVCenter);
-    return l;
+    return ScrittaPannello(genitore, QRect(sinistra, AltoScritte, LarghezzaScritta, AltezzaScritte),
+                           testo, 9, allineamento);
 }
 
 } // namespace

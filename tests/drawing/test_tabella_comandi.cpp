@@ -75,7 +75,8 @@ enum class Pannello {
     Immagini,
     Tastiera,
     Colore,
-    Elementi
+    Elementi,
+    Settaggi
 };
 
 using Condizione = std::function<bool(const Stato&)>;
@@ -168,7 +169,8 @@ const QList<Riga>& Tabella() {
              return d.O == 1 && d.ListaAttivi != p.ListaAttivi;
          },
          Pannello::Ribaltamenti},
-        {124, Sempre, NonProvato, Pannello::Nessuno, Sempre},
+        // The settings panel, closed at once: nothing changes.
+        {124, Sempre, NienteCambia, Pannello::Settaggi},
         {125, [](const Stato& s) { return s.O != 1 && s.Attivi != 0; },
          [](int16_t, const Foto&, const Foto& d) { return d.O == 1; }},
         {126, Sempre,
@@ -340,6 +342,13 @@ class ProvaTabellaComandi : public QObject {
                 pannelloVisto = f->windowTitle();
                 f->ClickTasto(f->Motore.Ultimo);
             });
+        if (apre == Pannello::Settaggi)
+            c.Esegui([this] {
+                FormScansione* f = FormScansione::InPrimoPiano();
+                if (f == nullptr || f == a) return;
+                pannelloVisto = f->objectName();
+                f->ClickTasto(140);
+            });
         if (apre == Pannello::Colore)
             c.Esegui([this] {
                 FormScansione* f = FormScansione::InPrimoPiano();
@@ -477,6 +486,9 @@ class ProvaTabellaComandi : public QObject {
         if (apre == Pannello::Immagini)
             QVERIFY2(pannelloVisto == QStringLiteral("Programma «ZANTO» - Scelta Immagine"),
                      qPrintable(nome + QStringLiteral(": no list of pictures")));
+        if (apre == Pannello::Settaggi)
+            QVERIFY2(pannelloVisto == QStringLiteral("QuadroSettaggi"),
+                     qPrintable(nome + QStringLiteral(": no settings panel")));
         if (apre == Pannello::Elementi)
             QVERIFY2(pannelloVisto.startsWith(
                          QStringLiteral("Programma «ZANTO»  -  Selezione Elemento")),
