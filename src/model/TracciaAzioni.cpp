@@ -154,6 +154,11 @@ void RitracciaTutto(Superficie& superficie) {
     TracciaAzioni(superficie);
 }
 
+void ApplicaSfondo(Superficie& superficie, int32_t colore) {
+    superficie.ImpostaBackColor(colore);
+    RitracciaTutto(superficie);
+}
+
 void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
                   int32_t ultima, bool riempimentoPerAzione) {
     TracciaLista(superficie, lista, prima, ultima,

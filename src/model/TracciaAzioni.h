@@ -32,6 +32,9 @@ void TracciaAzioni(Superficie& superficie, const QList<RecordAzione>& lista = Az
 // The whole of Azioni again on an empty picture, from the plain pen and no
 // fill, so that nothing an overlay left behind reaches the drawing.
 void RitracciaTutto(Superficie& superficie);
+// The same on a new background colour: every fill runs again on the region it
+// takes on the new ground.
+void ApplicaSfondo(Superficie& superficie, int32_t colore);
 
 // The same replay of actions `prima`..`ultima` of `lista`, leaving the shared
 // range alone. With `riempimentoPerAzione` each action starts from FillStyle 1,

@@ -219,14 +219,8 @@ void QuadroSettaggi::ColoreDiSfondo() {
     // Left without a colour, the ring stands on this button until the next pick.
     if (ColoreScelto < 0) return;
     ColoreSfondo = ColoreScelto;
-    ApplicaSfondo();
+    ApplicaSfondo(tela_, ColoreSfondo);
     Riprendi();
-}
-
-void QuadroSettaggi::ApplicaSfondo() {
-    // The fills are run again on the new ground, each on the region it took.
-    tela_.ImpostaBackColor(ColoreSfondo);
-    RitracciaTutto(tela_);
 }
 
 void QuadroSettaggi::CambiaColorazioni(bool inTondini) {

@@ -28,7 +28,6 @@ private:
     void CartelleOggetti();
     void ColoreLinea();
     void ColoreDiSfondo();
-    void ApplicaSfondo();
     void CambiaColorazioni(bool inTondini);
     void LeggiOggetto();
     void SalvaOggetto();
