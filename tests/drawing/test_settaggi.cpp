@@ -9,6 +9,7 @@
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSettaggi.h"
+#include "panels/QuadroSettaggiFont.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/Misure.h"
@@ -320,6 +321,43 @@ private slots:
         QCOMPARE(secondo, QString());
         // Each button's own beep, and the one every message panel gives as it shows.
         QCOMPARE(ContatoreBip, 4);
+    }
+
+    void cartelle_e_lettura_solo_a_mani_libere() {
+        a = GuidaDisegno::Apri(4);
+        GuidaDisegno::LineaSelezionata(a);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        bool soloIlPannello = true;
+        Copione c(*orologio);
+        Scegli(c, 134);
+        c.Esegui([&] { soloIlPannello &= PannelloDavanti<QuadroSettaggi>() != nullptr; });
+        Scegli(c, 143);
+        c.Esegui([&] { soloIlPannello &= PannelloDavanti<QuadroSettaggi>() != nullptr; });
+        Scegli(c, 140);
+        Settaggi(c);
+        QVERIFY(soloIlPannello);
+        QCOMPARE(ContatoreBip, 2);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+    }
+
+    void il_pannello_dei_caratteri_si_apre_accanto() {
+        a = GuidaDisegno::Apri(4);
+        QPoint settaggi;
+        QPoint caratteri;
+        Copione c(*orologio);
+        c.Esegui([&] { settaggi = FormScansione::InPrimoPiano()->pos(); });
+        Scegli(c, 137);
+        c.Esegui([&] {
+            auto* f = PannelloDavanti<QuadroSettaggiFont>();
+            if (f == nullptr) return;
+            caratteri = f->pos();
+            f->ClickTasto(105);
+        });
+        Scegli(c, 140);
+        Settaggi(c);
+        const QPoint scarto = caratteri - settaggi;
+        QVERIFY2(qAbs(scarto.x() - Px(-820)) <= 1 && qAbs(scarto.y() - Px(740)) <= 1,
+                 qPrintable(QStringLiteral("%1,%2").arg(scarto.x()).arg(scarto.y())));
     }
 
     void salvare_senza_oggetto_suona() {
