@@ -9,6 +9,7 @@
 
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 // How the drawing tests drive the screen: opened in a mode on the system
@@ -62,6 +63,42 @@ struct MondoDisegno {
         TempoLatenzaScansione = 1000;
         a = nullptr;
     }
+    // Modes 1 and 2: the ring of the screen walks on the clock, a dwell a button.
+    void Vai(int16_t indice) {
+        orologio->Avanza(int64_t((indice - a->Motore.TastoCorrente + 33) % 33) *
+                         TempoLatenzaScansione);
+        QCOMPARE(a->Motore.TastoCorrente, indice);
+    }
+    void Premi(int16_t indice) {
+        Vai(indice);
+        if (QTest::currentTestFailed()) return;
+        QVERIFY(PremiTasto(Qt::Key_Return));
+    }
+    // The button fired with a script that runs in what it opens.
+    void PremiCon(int16_t indice, Copione& c) {
+        Vai(indice);
+        if (QTest::currentTestFailed()) return;
+        c.Avvia();
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(c.Finito());
+        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
+    }
+    // The ring of the panel in front, dwell by dwell, to the button `dove`
+    // names when the step runs; then the choice key.
+    void Fino(Copione& c, std::function<int16_t()> dove) {
+        c.Esegui([this, dove] {
+            FormScansione* f = FormScansione::InPrimoPiano();
+            const int16_t tasto = dove();
+            for (int i = 0; f != nullptr && f != a && f->Motore.TastoCorrente != tasto && i < 90;
+                 ++i)
+                orologio->Avanza(TempoLatenzaScansione);
+        });
+        c.Tasto(Qt::Key_Return);
+    }
+    void Fino(Copione& c, int16_t tasto) {
+        Fino(c, [tasto] { return tasto; });
+    }
+
     void Libera() {
         DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();

@@ -27,23 +27,6 @@ constexpr int Sosta = 1000; // the dwell MondoDisegno sets
 class ProvaScenarioDisegni : public QObject, MondoDisegno {
     Q_OBJECT
 
-    // The ring walks the 33 buttons on its own: the dwells to `indice`.
-    void Vai(int16_t indice) {
-        const int passi = (indice - a->Motore.TastoCorrente + 33) % 33;
-        orologio->Avanza(int64_t(passi) * Sosta);
-        QCOMPARE(a->Motore.TastoCorrente, indice);
-    }
-    void Premi(int16_t indice) {
-        Vai(indice);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-    }
-    void PremiCon(int16_t indice, Copione& c) {
-        Vai(indice);
-        c.Avvia();
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        QVERIFY(c.Finito());
-        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
-    }
     // An element opened and fixed where it stands.
     void Forma(int16_t primitiva) {
         Premi(primitiva);

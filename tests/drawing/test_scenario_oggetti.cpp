@@ -7,6 +7,7 @@
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
+#include "drawing/GuidaSettaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
@@ -20,6 +21,8 @@
 
 namespace {
 
+using GuidaSettaggi::RigaDi;
+
 constexpr int Sosta = 1000;
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Nero = 0x000000;
@@ -29,51 +32,11 @@ int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
     return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
 }
 
-// The line of the list in front that shows `nome`, 0 if none.
-int16_t RigaDi(const QString& nome) {
-    FormScansione* f = FormScansione::InPrimoPiano();
-    if (f == nullptr) return 0;
-    for (int16_t i = 101; i <= 120; ++i)
-        if (f->Tasti.value(i)->text().startsWith(nome + u' ')) return i;
-    return 0;
-}
-
 } // namespace
 
 class ProvaScenarioOggetti : public QObject, MondoDisegno {
     Q_OBJECT
 
-    // The drawing screen's ring, dwell by dwell, to `indice`.
-    void Vai(int16_t indice) {
-        orologio->Avanza(int64_t((indice - a->Motore.TastoCorrente + 33) % 33) * Sosta);
-        QCOMPARE(a->Motore.TastoCorrente, indice);
-    }
-    void Premi(int16_t indice) {
-        Vai(indice);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-    }
-    void PremiCon(int16_t indice, Copione& c) {
-        Vai(indice);
-        c.Avvia();
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        QVERIFY(c.Finito());
-        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
-    }
-    // The ring of the panel in front, dwell by dwell, to the button that
-    // `dove` names when the step runs; then the choice key.
-    void Fino(Copione& c, std::function<int16_t()> dove) {
-        c.Esegui([this, dove] {
-            FormScansione* f = FormScansione::InPrimoPiano();
-            const int16_t tasto = dove();
-            for (int i = 0; f != nullptr && f != a && f->Motore.TastoCorrente != tasto && i < 90;
-                 ++i)
-                orologio->Avanza(Sosta);
-        });
-        c.Tasto(Qt::Key_Return);
-    }
-    void Fino(Copione& c, int16_t tasto) {
-        Fino(c, [tasto] { return tasto; });
-    }
     // Words on the keyboard, key by key on the clock; then Fn and confirm.
     void Scrivi(Copione& c, const QString& testo) {
         for (const QChar ch : testo)

@@ -49,31 +49,6 @@ QRect BoxPixel(const RecordAzione& e) {
 class ProvaScenarioTestiImmagini : public QObject, MondoDisegno {
     Q_OBJECT
 
-    void Vai(int16_t indice) {
-        orologio->Avanza(int64_t((indice - a->Motore.TastoCorrente + 33) % 33) * Sosta);
-        QCOMPARE(a->Motore.TastoCorrente, indice);
-    }
-    void Premi(int16_t indice) {
-        Vai(indice);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-    }
-    void PremiCon(int16_t indice, Copione& c) {
-        Vai(indice);
-        c.Avvia();
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        QVERIFY(c.Finito());
-        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
-    }
-    // The ring of the panel in front, dwell by dwell, to `tasto`; then the choice.
-    void Fino(Copione& c, int16_t tasto) {
-        c.Esegui([this, tasto] {
-            FormScansione* f = FormScansione::InPrimoPiano();
-            for (int i = 0; f != nullptr && f != a && f->Motore.TastoCorrente != tasto && i < 40;
-                 ++i)
-                orologio->Avanza(Sosta);
-        });
-        c.Tasto(Qt::Key_Return);
-    }
     // The direction panel: `passi` steps in a direction (1 left ... 4 down),
     // the walk stopped, then "Chiudi".
     void Cammina(Copione& c, int16_t direzione, int passi) {

@@ -3,6 +3,7 @@
 // fills and their dots, the two buttons not in operation.
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
+#include "drawing/GuidaSettaggi.h"
 #include "input/IconaSvg.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
@@ -22,6 +23,8 @@
 
 namespace {
 
+using GuidaSettaggi::Scegli;
+
 constexpr int Sosta = 1000;
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Giallo = 0x00FFFF;
@@ -35,40 +38,16 @@ QString RisorsaIcona(const FormScansione* f, int16_t indice) {
     return f->Tasti.value(indice)->property(ProprietaRisorsaIcona).toString();
 }
 
-// In mode 4: the ring of the front panel, by arrows, to `tasto`; then Enter.
-void Scegli(Copione& c, int16_t tasto) {
-    c.Esegui([tasto] {
-        FormScansione* f = FormScansione::InPrimoPiano();
-        for (int i = 0; f != nullptr && f->Motore.TastoCorrente != tasto && i < 40; ++i)
-            PremiTasto(Qt::Key_Right);
-    });
-    c.Tasto(Qt::Key_Return);
-}
-
 } // namespace
 
 class ProvaSettaggi : public QObject, MondoDisegno {
     Q_OBJECT
 
     void Premi(int16_t indice) { GuidaDisegno::Premi(a, indice); }
-    // 124 with a script that runs inside the panel and closes it.
-    void Settaggi(Copione& c) {
-        GuidaDisegno::Frecce(Qt::Key_Right, (124 - a->Motore.TastoCorrente + 33) % 33);
-        QCOMPARE(a->Motore.TastoCorrente, int16_t(124));
-        c.Avvia();
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        QVERIFY(c.Finito());
-        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
-        QVERIFY(PannelloDavanti<QuadroSettaggi>() == nullptr);
-    }
+    void Settaggi(Copione& c) { GuidaSettaggi::Apri(a, c); }
     // A rectangle at the centre with its inside filled red.
     void RettangoloRosso() {
-        Premi(103);
-        Premi(117);
-        ColoreZonaCorrente = Rosso;
-        Premi(114);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        Premi(117);
+        GuidaSettaggi::RettangoloColorato(a, Rosso);
         QCOMPARE(NumeroAzioni, 2);
         QCOMPARE(ColoreA(a->Quadro.Immagine(), Predefiniti::CentroX, Predefiniti::CentroY), Rosso);
     }

@@ -7,6 +7,7 @@
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
+#include "drawing/GuidaSettaggi.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -24,31 +25,15 @@
 
 namespace {
 
+using GuidaSettaggi::RigaDi;
+using GuidaSettaggi::Scegli;
+
 constexpr int Sosta = 1000;
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Nero = 0x000000;
 
 int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
     return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
-}
-
-// In mode 4: the ring of the front panel, by arrows, to `tasto`; then Enter.
-void Scegli(Copione& c, int16_t tasto) {
-    c.Esegui([tasto] {
-        FormScansione* f = FormScansione::InPrimoPiano();
-        for (int i = 0; f != nullptr && f->Motore.TastoCorrente != tasto && i < 40; ++i)
-            PremiTasto(Qt::Key_Right);
-    });
-    c.Tasto(Qt::Key_Return);
-}
-
-// The line of the list in front that shows `nome`, 0 if none.
-int16_t RigaDi(const QString& nome) {
-    FormScansione* f = FormScansione::InPrimoPiano();
-    if (f == nullptr) return 0;
-    for (int16_t i = 101; i <= 120; ++i)
-        if (f->Tasti.value(i)->text().startsWith(nome + u' ')) return i;
-    return 0;
 }
 
 // In mode 4: the line of `nome` picked and confirmed.
@@ -76,22 +61,10 @@ class ProvaSettaggiOggetti : public QObject, MondoDisegno {
     Q_OBJECT
 
     void Premi(int16_t indice) { GuidaDisegno::Premi(a, indice); }
-    void Settaggi(Copione& c) {
-        GuidaDisegno::Frecce(Qt::Key_Right, (124 - a->Motore.TastoCorrente + 33) % 33);
-        c.Avvia();
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        QVERIFY(c.Finito());
-        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
-        QVERIFY(PannelloDavanti<QuadroSettaggi>() == nullptr);
-    }
+    void Settaggi(Copione& c) { GuidaSettaggi::Apri(a, c); }
     // A rectangle filled red and a line across it, taken whole as an object.
     void OggettoInMano() {
-        Premi(103);
-        Premi(117);
-        ColoreZonaCorrente = Rosso;
-        Premi(114);
-        QVERIFY(PremiTasto(Qt::Key_Return));
-        Premi(117);
+        GuidaSettaggi::RettangoloColorato(a, Rosso);
         Premi(101);
         Premi(117);
         Premi(120);
