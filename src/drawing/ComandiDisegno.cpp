@@ -3,6 +3,7 @@
 #include "drawing/AmbienteDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "printing/Stampe.h"
 #include "start/GestioneErrori.h"
 
 int16_t MarcaComando(int16_t indice) {
@@ -134,11 +135,14 @@ void ComandiDisegno::Comando(int16_t indice) {
     case 129:
         liberoDaElementi&& OggettoAttivo != 1 ? elementi_.ImportaImmagine() : a_.Rifiuta();
         return;
+    case 132:
+        StampaDisegno(a_.Quadro);
+        a_.Riprendi();
+        return;
     case 133:
         file_.ChiudiAmbiente();
         return;
     default:
-        // Printing comes with its own panel; until then it answers with a beep.
         a_.Rifiuta();
         return;
     }

@@ -55,6 +55,13 @@ ErroreZanto ErroreCartellaAssente(const QString& percorso) {
     return {76, QStringLiteral("Percorso non trovato: ") + QDir::toNativeSeparators(percorso)};
 }
 
+ErroreZanto ErroreStampante(const QString& stampante) {
+    QString testo = QStringLiteral("Errore della stampante.");
+    if (!stampante.trimmed().isEmpty())
+        testo += QStringLiteral(" « ") + stampante + QStringLiteral(" »");
+    return {482, testo};
+}
+
 ErroreZanto ErroreSistema(int codice, const QString& percorso) {
     const QString nome = QDir::toNativeSeparators(percorso);
     const QFileInfo info(percorso);

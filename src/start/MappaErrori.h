@@ -20,3 +20,5 @@ ErroreZanto ErroreSistema(int codice, const QString& percorso);
 // A file that must exist and does not (53), or a directory (76).
 ErroreZanto ErroreFileAssente(const QString& percorso);
 ErroreZanto ErroreCartellaAssente(const QString& percorso);
+// A printer that would not start or finish a page (482), named when known.
+ErroreZanto ErroreStampante(const QString& stampante);
