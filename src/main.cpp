@@ -2,6 +2,7 @@
 #include "start/ApplicazioneZanto.h"
 #include "start/Avvio.h"
 #include "start/MenuGenerale.h"
+#include "start/VisualizzaInformazioni.h"
 
 int main(int argc, char* argv[]) {
     ApplicazioneZanto app(argc, argv);
@@ -9,6 +10,7 @@ int main(int argc, char* argv[]) {
     if (fine >= 0) return fine;
     const int esito = QApplication::exec();
     DistruggiAmbienteDisegno();
+    DistruggiVisualizzaInformazioni();
     DistruggiMenùGenerale();
     return esito;
 }

@@ -32,6 +32,11 @@ QString PercorsoCartellaAttiva(const QString& radice) {
            NomiArchivi::FileCartellaAttiva;
 }
 
+QString PercorsoInformazioni(const QString& radice) {
+    return Radice(radice) + '/' + NomiArchivi::CartellaProgramma + '/' +
+           NomiArchivi::FileInformazioni;
+}
+
 QString PercorsoCartellaDisegni(const QString& nomeCartella, int32_t codiceCartella,
                                 const QString& radice) {
     return Radice(radice) + '/' + NomiArchivi::SottocartellaDisegni + '/' +

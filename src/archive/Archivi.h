@@ -5,6 +5,7 @@
 
 // Names of the data tree and of the three archives, all under RadiceDati.
 namespace NomiArchivi {
+inline const QString FileInformazioni = QStringLiteral("Informazioni.rtf");
 inline const QString CartellaProgramma = QStringLiteral("Programma");
 inline const QString CartellaArchivi = QStringLiteral("Archivi");
 inline const QString SottocartellaDisegni = QStringLiteral("Disegni");
@@ -28,6 +29,8 @@ QString PercorsoConfigurazione(const QString& radice = {});
 QString PercorsoArchivioDisegni(const QString& radice = {});
 QString PercorsoArchivioOggetti(const QString& radice = {});
 QString PercorsoCartellaAttiva(const QString& radice = {});
+// The program's information text, a rich text file in the program folder.
+QString PercorsoInformazioni(const QString& radice = {});
 // The directory of a folder of drawings: its name made safe, so that no name
 // ever leads outside the drawings' directory and two folders never share one.
 QString PercorsoCartellaDisegni(const QString& nomeCartella, int32_t codiceCartella,

@@ -3,10 +3,12 @@
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/Schema.h"
+#include "input/IconaSvg.h"
 #include "start/MappaErrori.h"
 #include "start/Utilita.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSqlQuery>
@@ -55,8 +57,21 @@ void ScriviCartellaAttivaIniziale(const QString& radice) {
     if (!file.commit()) throw ErroreFile(file.error(), percorso);
 }
 
+// The information text the program shows, as a file its users may rewrite.
+void ScriviInformazioni(const QString& radice) {
+    RegistraRisorse();
+    const QString percorso = PercorsoInformazioni(radice);
+    QFile sorgente(RisorsaInformazioni);
+    if (!sorgente.open(QIODevice::ReadOnly)) throw ErroreFileAssente(RisorsaInformazioni);
+    QSaveFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), percorso);
+    file.write(sorgente.readAll());
+    if (!file.commit()) throw ErroreFile(file.error(), percorso);
+}
+
 void Costruisci(const QString& radice) {
     CreaCartelle(radice);
+    ScriviInformazioni(radice);
     CreaArchivio(PercorsoConfigurazione(radice), [](QSqlDatabase& db) {
         CreaSchemaConfigurazione(db);
         QSqlQuery q =

@@ -14,8 +14,12 @@ inline constexpr int16_t TipoInversioneScansione = 1;  // immediate
 inline constexpr int32_t TempoLatenzaScansione = 1000; // one second
 } // namespace ImpostazioniIniziali
 
+// The information text as the program carries it, for a data folder without one.
+inline const QString RisorsaInformazioni = QStringLiteral(":/testi/Informazioni.rtf");
+
 // Makes a complete fresh data folder at `radice`: the three archives with their
-// schema, the configuration row, the two system folders and the directories.
+// schema, the configuration row, the two system folders, the directories and
+// the information text.
 // Refuses, changing nothing, when `radice` exists and is not empty.
 // Returns an empty string on success, otherwise the reason in plain words.
 QString InstallaDatiZanto(const QString& radice);

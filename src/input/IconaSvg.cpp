@@ -12,7 +12,7 @@
 Q_LOGGING_CATEGORY(lcIcone, "zanto.icone")
 
 // Out of any namespace: the registration names a function of the global one.
-static void RegistraRisorse() {
+void RegistraRisorse() {
     // The resources live in a static library: a panel may be the first to need them.
     static bool registrate = false;
     if (registrate) return;

@@ -15,3 +15,7 @@ inline constexpr char ProprietaRisorsaIcona[] = "risorsaIcona";
 
 // Gives a button its picture, fitted inside its face, and notes which one it is.
 void ImpostaIcona(QAbstractButton* tasto, const QString& risorsa);
+
+// Makes the program's resources readable; they live in a static library, and
+// whoever needs them first calls this. Any number of calls is one.
+void RegistraRisorse();

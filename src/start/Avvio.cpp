@@ -67,47 +67,6 @@ std::unique_ptr<BaseVuoto>& Copertina() {
     return copertina;
 }
 
-void RiempiMessaggiAvvio() {
-    MessaggiAvvio = QStringList(13);
-    MessaggiAvvio[1] = Righe({
-        QStringLiteral("ATTENZIONE!"),
-        QStringLiteral("Per eseguire il Programma «ZANTO» è necessario"),
-        QStringLiteral("possedere i privilegi di «Amministratore»!"),
-        QString(),
-        QStringLiteral("Da Windows «Vista» in poi è possibile lanciare il Programma"),
-        QStringLiteral("«ZANTO» facendo click col tasto destro del Mouse sulla sua"),
-        QStringLiteral("icona e cliccando, poi, su «Esegui come Amministratore!"),
-        QString(),
-        QStringLiteral("Premere «OK» per proseguire!"),
-    });
-    MessaggiAvvio[2] = Righe({
-        QStringLiteral("ATTENZIONE!"),
-        QStringLiteral("L'Utente sta utilizzando una risoluzione video inadatta"),
-        QStringLiteral("al funzionamento del presente Programma!"),
-        QStringLiteral("La risoluzione corretta è 1024 x 768 pixel con Caratteri"),
-        QStringLiteral("Piccoli (96 dpi) in Video con proporzione 4:3 (no 16:9)."),
-        QStringLiteral("L'Utente può modificare le suddette impostazioni acce-"),
-        QStringLiteral("dendo alle «Proprietà dello Schermo» ed  inserendo la"),
-        QStringLiteral("corretta risoluzione video."),
-        QStringLiteral("E' possibile proseguire comunque  ma  il Programma,"),
-        QStringLiteral("oppure alcune sue parti, potrebbero non funzionare re-"),
-        QStringLiteral("golarmente!"),
-        QStringLiteral("Premere «OK» per proseguire oppure «Abbandona»"),
-        QStringLiteral("per chiudere il presente Programma!"),
-    });
-    MessaggiAvvio[3] = Righe({
-        QStringLiteral("ERRORE FATALE!"),
-        QStringLiteral("Manca l'archivio delle Configurazioni Generali:"),
-        QStringLiteral("il Programma «ZANTO» non può proseguire."),
-        QString(),
-        QStringLiteral("Reinstallare la cartella dei dati e CHIAMARE L'ASSISTENZA!"),
-    });
-    MessaggiAvvio[5] = QStringLiteral("Progetto «ZANTO»");
-    MessaggiAvvio[6] = QStringLiteral("Disegnare con un solo tasto, con due tasti o con le frecce");
-    MessaggiAvvio[7] =
-        QStringLiteral("F6, F7, F11, F12: modalità di funzionamento  -  F4, F5, F8, F9: tasti");
-}
-
 void Ferma() {
     ChiudiArchivio(ArchivioDisegni);
     ChiudiArchivio(ArchivioOggetti);
@@ -158,6 +117,47 @@ void ScatolaConfigurazioneAssente() {
 }
 
 } // namespace
+
+void RiempiMessaggiAvvio() {
+    MessaggiAvvio = QStringList(13);
+    MessaggiAvvio[1] = Righe({
+        QStringLiteral("ATTENZIONE!"),
+        QStringLiteral("Per eseguire il Programma «ZANTO» è necessario"),
+        QStringLiteral("possedere i privilegi di «Amministratore»!"),
+        QString(),
+        QStringLiteral("Da Windows «Vista» in poi è possibile lanciare il Programma"),
+        QStringLiteral("«ZANTO» facendo click col tasto destro del Mouse sulla sua"),
+        QStringLiteral("icona e cliccando, poi, su «Esegui come Amministratore!"),
+        QString(),
+        QStringLiteral("Premere «OK» per proseguire!"),
+    });
+    MessaggiAvvio[2] = Righe({
+        QStringLiteral("ATTENZIONE!"),
+        QStringLiteral("L'Utente sta utilizzando una risoluzione video inadatta"),
+        QStringLiteral("al funzionamento del presente Programma!"),
+        QStringLiteral("La risoluzione corretta è 1024 x 768 pixel con Caratteri"),
+        QStringLiteral("Piccoli (96 dpi) in Video con proporzione 4:3 (no 16:9)."),
+        QStringLiteral("L'Utente può modificare le suddette impostazioni acce-"),
+        QStringLiteral("dendo alle «Proprietà dello Schermo» ed  inserendo la"),
+        QStringLiteral("corretta risoluzione video."),
+        QStringLiteral("E' possibile proseguire comunque  ma  il Programma,"),
+        QStringLiteral("oppure alcune sue parti, potrebbero non funzionare re-"),
+        QStringLiteral("golarmente!"),
+        QStringLiteral("Premere «OK» per proseguire oppure «Abbandona»"),
+        QStringLiteral("per chiudere il presente Programma!"),
+    });
+    MessaggiAvvio[3] = Righe({
+        QStringLiteral("ERRORE FATALE!"),
+        QStringLiteral("Manca l'archivio delle Configurazioni Generali:"),
+        QStringLiteral("il Programma «ZANTO» non può proseguire."),
+        QString(),
+        QStringLiteral("Reinstallare la cartella dei dati e CHIAMARE L'ASSISTENZA!"),
+    });
+    MessaggiAvvio[5] = QStringLiteral("Progetto «ZANTO»");
+    MessaggiAvvio[6] = QStringLiteral("Disegnare con un solo tasto, con due tasti o con le frecce");
+    MessaggiAvvio[7] =
+        QStringLiteral("F6, F7, F11, F12: modalità di funzionamento  -  F4, F5, F8, F9: tasti");
+}
 
 void CalcolaRadiceDati() {
     RadiceDati =

@@ -16,6 +16,9 @@ inline QString StampanteDiSistema;
 inline int32_t DimensioneMinimaX = 1024;
 inline int32_t DimensioneMinimaY = 768;
 
+// Fills MessaggiAvvio: the start's messages and the lines the forms show.
+void RiempiMessaggiAvvio();
+
 // Runs the start routine. Returns -1 when the menu is on the screen and the
 // program is to live on its events, or the exit code when it ended at start.
 int AvviaZanto();

@@ -1,5 +1,7 @@
 #include "start/MenuGenerale.h"
 
+#include "start/VisualizzaInformazioni.h"
+
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
@@ -13,6 +15,7 @@
 #include "start/MappaErrori.h"
 #include "start/Misure.h"
 #include "start/Utilita.h"
+#include "start/VisualizzaInformazioni.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -207,6 +210,11 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
         ScegliCartella();
         return;
     case 103:
+        PuntatoreClessidra();
+        CaricaVisualizzaInformazioni();
+        ScaricaMenùGenerale();
+        PuntatorePredefinito();
+        return;
     case 104:
         Bip();
         Riprendi();
