@@ -172,15 +172,14 @@ private slots:
         QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
-    void informazioni_e_configurazioni_suonano_e_il_menu_resta() {
+    void configurazioni_suona_e_il_menu_resta() {
         MenuGenerale* m = Menu(4);
-        QVERIFY(PremiTasto(Qt::Key_Right));
-        for (int i = 1; i <= 2; ++i) {
+        for (int i = 0; i < 3; ++i)
             QVERIFY(PremiTasto(Qt::Key_Right));
-            QVERIFY(PremiTasto(Qt::Key_Return));
-            QCOMPARE(ContatoreBip, i);
-            QCOMPARE(FormScansione::InPrimoPiano(), m);
-        }
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(104));
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QCOMPARE(ContatoreBip, 1);
+        QCOMPARE(FormScansione::InPrimoPiano(), m);
     }
 
     void cartelle_in_modo_1_apre_la_lista_e_al_ritorno_l_anello_riparte() {
