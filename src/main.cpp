@@ -1,4 +1,5 @@
 #include "drawing/AmbienteDisegno.h"
+#include "input/ConfigurazioniGenerali.h"
 #include "start/ApplicazioneZanto.h"
 #include "start/Avvio.h"
 #include "start/MenuGenerale.h"
@@ -11,6 +12,7 @@ int main(int argc, char* argv[]) {
     const int esito = QApplication::exec();
     DistruggiAmbienteDisegno();
     DistruggiVisualizzaInformazioni();
+    DistruggiConfigurazioniGenerali();
     DistruggiMenùGenerale();
     return esito;
 }

@@ -5,6 +5,7 @@
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
+#include "input/ConfigurazioniGenerali.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
@@ -216,8 +217,10 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
         PuntatorePredefinito();
         return;
     case 104:
-        Bip();
-        Riprendi();
+        PuntatoreClessidra();
+        CaricaConfigurazioniGenerali();
+        ScaricaMenùGenerale();
+        PuntatorePredefinito();
         return;
     case 105:
         ChiudiZanto();

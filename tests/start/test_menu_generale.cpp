@@ -1,6 +1,7 @@
 // The main menu, worked with keys and the mouse on the virtual clock.
 #include "archive/Archivi.h"
 #include "drawing/AmbienteDisegno.h"
+#include "input/ConfigurazioniGenerali.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "start/Bip.h"
@@ -172,14 +173,16 @@ private slots:
         QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
-    void configurazioni_suona_e_il_menu_resta() {
-        MenuGenerale* m = Menu(4);
+    void configurazioni_sostituisce_il_menu() {
+        Menu(4);
         for (int i = 0; i < 3; ++i)
             QVERIFY(PremiTasto(Qt::Key_Right));
-        QCOMPARE(m->Motore.TastoCorrente, int16_t(104));
         QVERIFY(PremiTasto(Qt::Key_Return));
-        QCOMPARE(ContatoreBip, 1);
-        QCOMPARE(FormScansione::InPrimoPiano(), m);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(ConfigurazioniAperte() != nullptr && ConfigurazioniAperte()->isVisible());
+        QCOMPARE(ContatoreBip, 0);
+        DistruggiConfigurazioniGenerali();
     }
 
     void cartelle_in_modo_1_apre_la_lista_e_al_ritorno_l_anello_riparte() {
@@ -254,8 +257,9 @@ private slots:
     void i_tasti_funzionano_anche_col_mouse() {
         MenuGenerale* m = Menu(4);
         QTest::mouseClick(m->Tasti.value(104), Qt::LeftButton);
-        QCOMPARE(ContatoreBip, 1);
-        QCOMPARE(QApplication::focusWidget(), m->FocusFix);
+        QCOMPARE(ContatoreBip, 0);
+        QVERIFY(ConfigurazioniAperte() != nullptr);
+        DistruggiConfigurazioniGenerali();
     }
 
     void esci_chiude_gli_archivi_e_scrive_il_codice_della_cartella() {

@@ -1,0 +1,391 @@
+#include "input/ConfigurazioniGenerali.h"
+
+#include "input/QuadroMessaggi.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
+#include "start/MenuGenerale.h"
+#include "start/Misure.h"
+
+#include <QCursor>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+
+#include <memory>
+
+namespace {
+
+std::unique_ptr<ConfigurazioniGenerali>& Modulo() {
+    static std::unique_ptr<ConfigurazioniGenerali> modulo;
+    return modulo;
+}
+
+const char* const EtichetteModi[4] = {
+    "SCANSIONE AUTOMATICA ad 1 Tasto    (Solo Tasto Scelta = Invio) ",
+    "SCANSIONE AUTOMATICA  a  2 Tasti     (Tasto Inversione Scansione + Tasto Scelta) ",
+    "SCANSIONE MANUALE a  2 Tasti              (Tasto Avanzamento Scansione + Tasto Scelta) ",
+    "PRESSIONE  a  5  Tasti                             (Tasti delle 4 Frecce + Tasto Invio) "};
+// The direct key shown beside each mode, in the order of the modes.
+const char* const ScritteRapide[4] = {"Scelta rapida: « F6 »", "Scelta rapida « F7 »",
+                                      "Scelta rapida: « F11 »", "Scelta rapida: « F12 »"};
+
+QLabel* Titolo(QWidget* genitore, const QString& testo, const QRect& posto, int punti) {
+    auto* l = new QLabel(testo, genitore);
+    l->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
+    QFont f(QStringLiteral("Arial"), punti);
+    f.setBold(true);
+    l->setFont(f);
+    return l;
+}
+
+QRadioButton* Opzione(QWidget* genitore, const QString& testo, const QRect& posto) {
+    auto* o = new QRadioButton(testo, genitore);
+    o->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
+    o->setFont(QFont(QStringLiteral("Arial"), 10));
+    o->setFocusPolicy(Qt::NoFocus);
+    return o;
+}
+
+QGroupBox* Quadro(QWidget* genitore, const QString& titolo, const QRect& posto) {
+    auto* q = new QGroupBox(titolo, genitore);
+    q->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
+    QFont f(QStringLiteral("Arial"), 10);
+    f.setBold(true);
+    q->setFont(f);
+    return q;
+}
+
+void ColoraGruppo(QRadioButton* const* opzioni, int quante, int scelta) {
+    for (int i = 0; i < quante; ++i) {
+        QPalette p = opzioni[i]->palette();
+        p.setColor(QPalette::WindowText, i == scelta ? Qt::red : Qt::black);
+        opzioni[i]->setPalette(p);
+        // Checking a button of a group would otherwise emit a click.
+        const bool bloccato = opzioni[i]->blockSignals(true);
+        opzioni[i]->setChecked(i == scelta);
+        opzioni[i]->blockSignals(bloccato);
+    }
+}
+
+// A latency as the value test reads it: the digits before the first blank.
+int64_t ValoreLatenza(const QString& testo) {
+    int64_t valore = 0;
+    for (const QChar c : testo) {
+        if (!c.isDigit()) break;
+        valore = std::min<int64_t>(valore * 10 + c.digitValue(), 1000000);
+    }
+    return valore;
+}
+
+void AvvisoLatenza(const QString& seconda, const QString& terza) {
+    ParcheggiaMouse();
+    Messaggio(Righe({QStringLiteral("ATTENZIONE!"), seconda, terza,
+                     QStringLiteral("Premere «OK» per continuare!")}),
+              1, 1);
+}
+
+} // namespace
+
+ConfigurazioniGenerali::ConfigurazioniGenerali() {
+    setObjectName(QStringLiteral("ConfigurazioniGenerali"));
+    setWindowTitle(QStringLiteral("Programma «ZANTO» - CONFIGURAZIONI GENERALI"));
+    setFixedSize(Px(15360), Px(11520));
+
+    Titolo(this, QStringLiteral("CONFIGURAZIONI   GENERALI"), QRect(405, 150, 14445, 600), 18)
+        ->setAlignment(Qt::AlignCenter);
+    Titolo(this, QStringLiteral("MODALITA'  DI  FUNZIONAMENTO"), QRect(405, 900, 14445, 450), 11);
+    for (int i = 0; i < 4; ++i) {
+        OpzioneModalitàFunzionamento[i] = Opzione(this, QString::fromUtf8(EtichetteModi[i]),
+                                                  QRect(600, 1400 + i * 480, 10600, 450));
+        auto* rapida = new QLabel(QString::fromUtf8(ScritteRapide[i]), this);
+        rapida->setGeometry(RettangoloTwips(11400, 1400 + i * 480, 3400, 450));
+        const int16_t indice = int16_t(101 + i);
+        connect(OpzioneModalitàFunzionamento[i], &QRadioButton::clicked, this,
+                [this, indice] { EseguiProtetto([&] { ClickModo(indice); }); });
+    }
+    QuadroTastiSceltaScansione =
+        Quadro(this, QStringLiteral("CONFIGURAZIONE TASTI «SCELTA» E «SCANSIONE»:"),
+               QRect(405, 3500, 14445, 1500));
+    OpzioneTastiSceltaScansione[0] =
+        Opzione(QuadroTastiSceltaScansione,
+                QStringLiteral("Tasto «Scelta» = Invio   ||  Tasto «Scansione» = Barra           "
+                               "(Scelta rapida: F4)"),
+                QRect(300, 400, 13800, 450));
+    OpzioneTastiSceltaScansione[1] =
+        Opzione(QuadroTastiSceltaScansione,
+                QStringLiteral("Tasto «Scelta» = Barra  ||  Tasto «Scansione» = Invio            "
+                               "(Scelta rapida: F5)"),
+                QRect(300, 900, 13800, 450));
+    QuadroModalitàInversioneScansione = Quadro(
+        this, QStringLiteral("MODALITA' INVERSIONE SCANSIONE"), QRect(405, 5200, 14445, 1500));
+    OpzioneInversioneScan[0] =
+        Opzione(QuadroModalitàInversioneScansione, QStringLiteral("Inversione semplice    (F8)"),
+                QRect(300, 400, 13800, 450));
+    OpzioneInversioneScan[1] =
+        Opzione(QuadroModalitàInversioneScansione,
+                QStringLiteral("Inversione con fermo intermedio          (F9)"),
+                QRect(300, 900, 13800, 450));
+    for (int i = 0; i < 2; ++i) {
+        const int16_t indice = int16_t(101 + i);
+        connect(OpzioneTastiSceltaScansione[i], &QRadioButton::clicked, this,
+                [this, indice] { EseguiProtetto([&] { ClickTasti(indice); }); });
+        connect(OpzioneInversioneScan[i], &QRadioButton::clicked, this,
+                [this, indice] { EseguiProtetto([&] { ClickInversione(indice); }); });
+    }
+    QuadroTempoLatenzaScans =
+        Quadro(this, QStringLiteral("TEMPO  LATENZA  SCANSIONE"), QRect(405, 6900, 7500, 1400));
+    auto* etichetta = new QLabel(QStringLiteral("Tempo in millisecondi:"), QuadroTempoLatenzaScans);
+    etichetta->setGeometry(RettangoloTwips(300, 550, 3600, 450));
+    ImmiTempoLatenzaScans = new QLineEdit(QuadroTempoLatenzaScans);
+    ImmiTempoLatenzaScans->setObjectName(QStringLiteral("ImmiTempoLatenzaScans"));
+    ImmiTempoLatenzaScans->setGeometry(RettangoloTwips(4000, 500, 2400, 500));
+    ImmiTempoLatenzaScans->installEventFilter(this);
+    connect(ImmiTempoLatenzaScans, &QLineEdit::textChanged, this, [this] {
+        if (CaricamentoConfigurazioni != 1) ModificheEffettuate = 1;
+    });
+
+    TastoRegistraConfigurazioniGenerali = new QPushButton(QStringLiteral("Registra"), this);
+    TastoRegistraConfigurazioniGenerali->setGeometry(RettangoloTwips(8700, 9700, 2700, 900));
+    TastoChiudiConfigurazioniGenerali = new QPushButton(QStringLiteral("Chiudi"), this);
+    TastoChiudiConfigurazioniGenerali->setGeometry(RettangoloTwips(11800, 9700, 2700, 900));
+    for (QPushButton* b :
+         {TastoRegistraConfigurazioniGenerali, TastoChiudiConfigurazioniGenerali}) {
+        b->setFocusPolicy(Qt::NoFocus);
+        b->setAutoDefault(false);
+        QFont f(QStringLiteral("Arial"), 12);
+        f.setBold(true);
+        b->setFont(f);
+    }
+    connect(TastoRegistraConfigurazioniGenerali, &QPushButton::clicked, this,
+            [this] { EseguiProtetto([this] { Registra(); }); });
+    connect(TastoChiudiConfigurazioniGenerali, &QPushButton::clicked, this,
+            [this] { EseguiProtetto([this] { Chiudi(); }); });
+    // The direct keys reach the form from wherever the focus stands.
+    for (QWidget* w : findChildren<QWidget*>())
+        if (w != ImmiTempoLatenzaScans) w->installEventFilter(this);
+}
+
+void ConfigurazioniGenerali::AttivaConfigurazioniGenerali() {
+    ModificheEffettuate = 0;
+    CaricamentoConfigurazioni = 1;
+    Modo = ModalitàFunzionamento;
+    Scelta = TastoScelta;
+    Scansione = TastoScansione;
+    Inversione = TipoInversioneScansione;
+    MostraQuadri();
+    Colora();
+    ImmiTempoLatenzaScans->setText(QString::number(TempoLatenzaScansione));
+    CaricamentoConfigurazioni = 0;
+}
+
+void ConfigurazioniGenerali::MostraQuadri() {
+    // Keys, inversion and latency, by the mode being chosen.
+    static const bool visibili[5][3] = {{false, false, false},
+                                        {false, false, true},
+                                        {true, true, true},
+                                        {true, false, false},
+                                        {false, false, false}};
+    const int m = std::clamp<int>(Modo, 1, 4);
+    QuadroTastiSceltaScansione->setVisible(visibili[m][0]);
+    QuadroModalitàInversioneScansione->setVisible(visibili[m][1]);
+    QuadroTempoLatenzaScans->setVisible(visibili[m][2]);
+}
+
+void ConfigurazioniGenerali::Colora() {
+    ColoraGruppo(OpzioneModalitàFunzionamento, 4, Modo - 1);
+    ColoraGruppo(OpzioneTastiSceltaScansione, 2, Scelta - 1);
+    ColoraGruppo(OpzioneInversioneScan, 2, Inversione - 1);
+}
+
+void ConfigurazioniGenerali::ClickModo(int16_t indice) {
+    if (CaricamentoConfigurazioni == 1) return;
+    Modo = int16_t(indice - 100);
+    ModificheEffettuate = 1;
+    MostraQuadri();
+    Colora();
+}
+
+void ConfigurazioniGenerali::ClickTasti(int16_t indice) {
+    if (CaricamentoConfigurazioni == 1) return;
+    Scelta = indice == 101 ? 1 : 2;
+    Scansione = indice == 101 ? 2 : 1;
+    ModificheEffettuate = 1;
+    Colora();
+}
+
+void ConfigurazioniGenerali::ClickInversione(int16_t indice) {
+    if (CaricamentoConfigurazioni == 1) return;
+    Inversione = int16_t(indice - 100);
+    ModificheEffettuate = 1;
+    Colora();
+}
+
+void ConfigurazioniGenerali::Registra() {
+    const QString testo = ImmiTempoLatenzaScans->text().trimmed();
+    const int64_t valore = ValoreLatenza(testo);
+    QString seconda;
+    QString terza;
+    if (testo.isEmpty()) {
+        seconda = QStringLiteral("Il «Tempo Latenza Scansione» NON");
+        terza = QStringLiteral("può essere vuoto!");
+    } else if (valore < 500) {
+        seconda = QStringLiteral("Il «Tempo Latenza Scansione» NON può");
+        terza = QStringLiteral("essere inferiore a 500 millisecondi!");
+    } else if (valore > 5000) {
+        seconda = QStringLiteral("Il «Tempo Latenza Scansione» NON può");
+        terza = QStringLiteral("essere maggiore di 5000 millisecondi!");
+    }
+    if (!seconda.isEmpty()) {
+        RegistrazioneSilenziosa = 0;
+        AvvisoLatenza(seconda, terza);
+        ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    // The value tested is the value stored: a dwell never leaves its range.
+    ModalitàFunzionamento = Modo;
+    TastoScelta = Scelta;
+    TastoScansione = Scansione;
+    TipoInversioneScansione = Inversione;
+    TempoLatenzaScansione = int32_t(valore);
+    RegistraConfigurazione();
+    ModificheEffettuate = 0;
+    if (RegistrazioneSilenziosa == 0) {
+        ParcheggiaMouse();
+        Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                         QStringLiteral("La registrazione delle Configurazioni Generali"),
+                         QStringLiteral("è avvenuta correttamente!"),
+                         QStringLiteral("Premere «OK» per continuare!")}),
+                  1, 1);
+    }
+    RegistrazioneSilenziosa = 0;
+}
+
+void ConfigurazioniGenerali::Chiudi() {
+    if (ModificheEffettuate == 1) {
+        ParcheggiaMouse();
+        const int16_t esito =
+            Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                             QStringLiteral("Sono state modificate le Configurazioni Gene-"),
+                             QStringLiteral("rali ma NON è stata effettuata la loro registra-"),
+                             QStringLiteral("zione!"),
+                             QStringLiteral("Se si prosegue TUTTI i cambiamenti apportati"),
+                             QStringLiteral("verranno PERSI DEFINITIVAMENTE!"),
+                             QStringLiteral("Premere «OK» per proseguire ugualmente"),
+                             QStringLiteral("oppure «Annulla» per Abbandonare!")}),
+                      2, 3);
+        if (esito == 3) return;
+    }
+    PuntatoreClessidra();
+    CaricaMenùGenerale();
+    hide();
+    // Its own routine is on the stack: the object goes when events allow.
+    Modulo().release()->deleteLater();
+    PuntatorePredefinito();
+}
+
+bool ConfigurazioniGenerali::TastoDiretto(int tasto) {
+    int16_t modo = 0;
+    int16_t tasti = 0;
+    int16_t inversione = 0;
+    switch (tasto) {
+    case Qt::Key_F6:
+        modo = 101;
+        break;
+    case Qt::Key_F7:
+        modo = 102;
+        break;
+    case Qt::Key_F11:
+        modo = 103;
+        break;
+    case Qt::Key_F12:
+        modo = 104;
+        break;
+    // Here F4 and F5 act in mode 1 too.
+    case Qt::Key_F4:
+        tasti = 101;
+        break;
+    case Qt::Key_F5:
+        tasti = 102;
+        break;
+    case Qt::Key_F8:
+        inversione = 101;
+        break;
+    case Qt::Key_F9:
+        inversione = 102;
+        break;
+    default:
+        return false;
+    }
+    if (tasti != 0 && (Modo < 1 || Modo > 3)) return true;
+    if (inversione != 0 && Modo != 2) return true;
+    RegistrazioneSilenziosa = 1;
+    if (modo != 0) ClickModo(modo);
+    if (tasti != 0) ClickTasti(tasti);
+    if (inversione != 0) ClickInversione(inversione);
+    Registra();
+    return true;
+}
+
+bool ConfigurazioniGenerali::FiltroLatenza(QKeyEvent* evento) {
+    const QString testo = evento->text();
+    if (evento->key() == Qt::Key_Tab || evento->key() == Qt::Key_Return ||
+        evento->key() == Qt::Key_Enter)
+        return true;
+    if (testo.isEmpty()) return false; // arrows, Delete, Home: the box's own
+    const QChar c = testo.at(0);
+    if (c.isDigit() || c == u' ' || c == QChar(8)) return false;
+    Bip();
+    return true;
+}
+
+bool ConfigurazioniGenerali::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() != QEvent::KeyPress) return QWidget::eventFilter(oggetto, evento);
+    auto* tasto = static_cast<QKeyEvent*>(evento);
+    bool preso = false;
+    EseguiProtetto([&] {
+        if (tasto->key() == Qt::Key_Tab) {
+            preso = true;
+            return;
+        }
+        if (TastoDiretto(tasto->key())) {
+            preso = true;
+            return;
+        }
+        if (oggetto == ImmiTempoLatenzaScans) preso = FiltroLatenza(tasto);
+    });
+    return preso || QWidget::eventFilter(oggetto, evento);
+}
+
+void ConfigurazioniGenerali::keyPressEvent(QKeyEvent* evento) {
+    EseguiProtetto([&] {
+        if (evento->key() != Qt::Key_Tab) TastoDiretto(evento->key());
+    });
+}
+
+ConfigurazioniGenerali* ConfigurazioniAperte() {
+    return Modulo().get();
+}
+
+ConfigurazioniGenerali* CaricaConfigurazioniGenerali() {
+    Modulo() = std::make_unique<ConfigurazioniGenerali>();
+    ConfigurazioniGenerali* modulo = Modulo().get();
+    modulo->AttivaConfigurazioniGenerali();
+    const QRect schermo = QGuiApplication::primaryScreen()->availableGeometry();
+    modulo->move(schermo.center() - modulo->rect().center());
+    modulo->show();
+    modulo->activateWindow();
+    modulo->ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
+    // The one form on which a pointer is wanted: in its middle.
+    QCursor::setPos(modulo->mapToGlobal(modulo->rect().center()));
+    return modulo;
+}
+
+void DistruggiConfigurazioniGenerali() {
+    Modulo().reset();
+}

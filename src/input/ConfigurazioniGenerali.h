@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QWidget>
+
+#include <cstdint>
+
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+// The five scanning settings, seen and changed by whoever sets the program up
+// for its user: with the mouse, or with the direct keys, which store at once.
+// It does not scan. It replaces the main menu and brings it back on "Chiudi".
+class ConfigurazioniGenerali : public QWidget {
+public:
+    ConfigurazioniGenerali();
+
+    void AttivaConfigurazioniGenerali();
+
+    // Working copies: they become the settings only at Registra.
+    int16_t Modo = 1;
+    int16_t Scelta = 1;
+    int16_t Scansione = 2;
+    int16_t Inversione = 1;
+    int16_t ModificheEffettuate = 0;
+    int16_t RegistrazioneSilenziosa = 0;
+
+    QRadioButton* OpzioneModalitàFunzionamento[4] = {};
+    QRadioButton* OpzioneTastiSceltaScansione[2] = {};
+    QRadioButton* OpzioneInversioneScan[2] = {};
+    QGroupBox* QuadroTastiSceltaScansione = nullptr;
+    QGroupBox* QuadroModalitàInversioneScansione = nullptr;
+    QGroupBox* QuadroTempoLatenzaScans = nullptr;
+    QLineEdit* ImmiTempoLatenzaScans = nullptr;
+    QPushButton* TastoRegistraConfigurazioniGenerali = nullptr;
+    QPushButton* TastoChiudiConfigurazioniGenerali = nullptr;
+
+    void ClickModo(int16_t indice);
+    void ClickTasti(int16_t indice);
+    void ClickInversione(int16_t indice);
+    void Registra();
+    void Chiudi();
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    void MostraQuadri();
+    void Colora();
+    bool TastoDiretto(int tasto);
+    bool FiltroLatenza(QKeyEvent* evento);
+};
+
+// Global: 1 while the form fills its controls, whose change routines then do nothing.
+inline int16_t CaricamentoConfigurazioni = 0;
+
+// The form while it is open, or nullptr.
+ConfigurazioniGenerali* ConfigurazioniAperte();
+// Loads the form, fills it and shows it in the middle of the screen.
+ConfigurazioniGenerali* CaricaConfigurazioniGenerali();
+// At the very end, outside any event of its own.
+void DistruggiConfigurazioniGenerali();
