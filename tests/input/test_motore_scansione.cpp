@@ -1,10 +1,12 @@
 // The scanning engine, driven through the main menu (and one plain scanning
 // form) with keys and the virtual clock.
 #include "archive/Archivi.h"
+#include "input/ConfigurazioniGenerali.h"
 #include "input/MotoreScansione.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
+#include "start/VisualizzaInformazioni.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
@@ -62,7 +64,10 @@ private slots:
         TempoLatenzaScansione = 1000;
     }
     void cleanup() {
+        DistruggiVisualizzaInformazioni();
+        DistruggiConfigurazioniGenerali();
         DistruggiMenùGenerale();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         orologio.reset();
         amb.reset();
     }
@@ -122,17 +127,25 @@ private slots:
     void la_pausa_sopravvive_alla_scelta() {
         TipoInversioneScansione = 2;
         MenuGenerale* m = Menu(2);
-        orologio->Avanza(2000);
-        QCOMPARE(Anello(m), int16_t(103));
-        QVERIFY(PremiTasto(Qt::Key_Space));  // pause
-        QVERIFY(PremiTasto(Qt::Key_Return)); // "Informazioni": beeps and resumes
-        QCOMPARE(ContatoreBip, 1);
-        QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
-        orologio->Avanza(3000);
-        QCOMPARE(Anello(m), int16_t(103));
-        QVERIFY(PremiTasto(Qt::Key_Space)); // from the pause, backwards
+        // With no active folder "Disegna" beeps, tells why, and resumes.
+        CodiceCartellaAttiva = 0;
         orologio->Avanza(1000);
         QCOMPARE(Anello(m), int16_t(102));
+        orologio->Avanza(4000);
+        QCOMPARE(Anello(m), int16_t(101));
+        QVERIFY(PremiTasto(Qt::Key_Space)); // pause
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return); // the message's "OK"
+        c.Avvia();
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(c.Finito());
+        QCOMPARE(ContatoreBip, 2); // the button's beep and the message's own
+        QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
+        orologio->Avanza(3000);
+        QCOMPARE(Anello(m), int16_t(101));
+        QVERIFY(PremiTasto(Qt::Key_Space)); // from the pause, backwards
+        orologio->Avanza(1000);
+        QCOMPARE(Anello(m), int16_t(105));
     }
 
     void da_tipo_2_a_tipo_1_in_pausa_la_prossima_pressione_da_passo_1() {
@@ -160,16 +173,17 @@ private slots:
 
     void dopo_F12_invio_e_morto_fino_alla_prima_freccia() {
         MenuGenerale* m = Menu(1);
-        orologio->Avanza(2000); // on 103, "Informazioni", which beeps when fired
+        orologio->Avanza(2000); // on 103, "Informazioni", which opens its form when fired
         QVERIFY(PremiTasto(Qt::Key_F12));
         QCOMPARE(TastoPredefinito(*m), int16_t(0));
         QVERIFY(PremiTasto(Qt::Key_Return));
         QCOMPARE(ContatoreBip, 0);
+        QVERIFY(InformazioniAperte() == nullptr);
         QVERIFY(PremiTasto(Qt::Key_Right));
         QCOMPARE(Anello(m), int16_t(104));
         QCOMPARE(TastoPredefinito(*m), int16_t(104));
         QVERIFY(PremiTasto(Qt::Key_Return));
-        QCOMPARE(ContatoreBip, 1);
+        QVERIFY(ConfigurazioniAperte() != nullptr);
     }
 
     void modo_4_frecce_avanti_e_indietro_con_giro() {
@@ -251,9 +265,10 @@ private slots:
         orologio->Avanza(2000);
         QVERIFY(PremiTasto(Qt::Key_Return));
         QCOMPARE(ContatoreBip, 0);
+        QVERIFY(InformazioniAperte() == nullptr);
         QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
-        QVERIFY(PremiTasto(Qt::Key_Space)); // the live key
-        QCOMPARE(ContatoreBip, 1);
+        QVERIFY(PremiTasto(Qt::Key_Space)); // the live key: "Informazioni"
+        QVERIFY(InformazioniAperte() != nullptr);
     }
 
     void F4_in_modo_1_non_cambia_i_tasti_ma_registra_e_riavvia() {
