@@ -8,17 +8,14 @@
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
-#include "support/AmbienteProva.h"
 #include "support/Copione.h"
-#include "support/OrologioVirtuale.h"
+#include "support/MondoMenu.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
-
-#include <memory>
 
 namespace {
 
@@ -43,18 +40,14 @@ QList<int> Archiviate() {
 
 } // namespace
 
-class ProvaConfigurazioniGenerali : public QObject {
+class ProvaConfigurazioniGenerali : public QObject, MondoMenu {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     // The menu in `modo`, stored as such, then its button 104 by the mouse.
     ConfigurazioniGenerali* Apri(int16_t modo) {
         ModalitàFunzionamento = modo;
         RegistraConfigurazione();
-        MenuGenerale* m = CaricaMenùGenerale();
-        QCoreApplication::processEvents();
+        MenuGenerale* m = Menu(modo);
         QTest::mouseClick(m->Tasti.value(104), Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return ConfigurazioniAperte();
@@ -79,21 +72,12 @@ class ProvaConfigurazioniGenerali : public QObject {
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        Prepara();
         TastoScelta = 1;
         TastoScansione = 2;
         TipoInversioneScansione = 1;
     }
-    void cleanup() {
-        DistruggiConfigurazioniGenerali();
-        DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void i_quadri_seguono_la_modalita_data() {
         QTest::addColumn<int>("modo");

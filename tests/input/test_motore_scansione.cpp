@@ -9,6 +9,7 @@
 #include "start/VisualizzaInformazioni.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoMenu.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
@@ -42,35 +43,14 @@ int ModoRegistrato() {
 
 } // namespace
 
-class ProvaMotoreScansione : public QObject {
+class ProvaMotoreScansione : public QObject, MondoMenu {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-
-    MenuGenerale* Menu(int16_t modo) {
-        ModalitàFunzionamento = modo;
-        MenuGenerale* menu = CaricaMenùGenerale();
-        QCoreApplication::processEvents(); // the first activation
-        return menu;
-    }
     static int16_t Anello(const MenuGenerale* m) { return m->Motore.TastoCorrente; }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-    }
-    void cleanup() {
-        DistruggiVisualizzaInformazioni();
-        DistruggiConfigurazioniGenerali();
-        DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
 
     void primo_avvio_in_modo_1_sosta_intera_poi_avanti() {
         MenuGenerale* m = Menu(1);

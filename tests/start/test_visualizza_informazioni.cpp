@@ -9,9 +9,8 @@
 #include "start/MenuGenerale.h"
 #include "start/Misure.h"
 #include "start/VisualizzaInformazioni.h"
-#include "support/AmbienteProva.h"
 #include "support/Copione.h"
-#include "support/OrologioVirtuale.h"
+#include "support/MondoMenu.h"
 
 #include <QFile>
 #include <QLabel>
@@ -19,19 +18,12 @@
 #include <QTextEdit>
 #include <QtTest>
 
-#include <memory>
-
-class ProvaVisualizzaInformazioni : public QObject {
+class ProvaVisualizzaInformazioni : public QObject, MondoMenu {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     // The menu in `modo`, then its button 103 reached and fired as a user does.
     VisualizzaInformazioni* Apri(int16_t modo) {
-        ModalitàFunzionamento = modo;
-        MenuGenerale* m = CaricaMenùGenerale();
-        QCoreApplication::processEvents();
+        MenuGenerale* m = Menu(modo);
         if (modo == 4) {
             PremiTasto(Qt::Key_Right);
             PremiTasto(Qt::Key_Right);
@@ -50,19 +42,10 @@ class ProvaVisualizzaInformazioni : public QObject {
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        Prepara();
         RiempiMessaggiAvvio();
     }
-    void cleanup() {
-        DistruggiVisualizzaInformazioni();
-        DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void il_menu_apre_le_informazioni_al_posto_suo() {
         VisualizzaInformazioni* v = Apri(4);
