@@ -161,7 +161,7 @@ private slots:
             QCOMPARE(salvate.at(i), Azioni.at(i));
 
         // On the canvas the roof line stands 500 twips lower, the walls too;
-        // the fill is its dot at the moved seed.
+        // the fill is its dot at its moved point.
         const QImage& tela = a->Quadro.Immagine();
         QCOMPARE(ColoreA(tela, Predefiniti::CentroX + 1000, Predefiniti::CentroY + 1500), Nero);
         QCOMPARE(ColoreA(tela, Predefiniti::CentroX + 1000, Predefiniti::CentroY + 1000), Grigio);

@@ -252,7 +252,7 @@ private slots:
         Scegli(c, 141);
         Scegli(c, 140);
         Settaggi(c);
-        // As dots: only the dot at the seed is red, the rest of the inside grey.
+        // As dots: only the dot where the fill starts is red, the rest of the inside grey.
         QCOMPARE(ColoreA(tondini, Predefiniti::CentroX, Predefiniti::CentroY), Rosso);
         QCOMPARE(ColoreA(tondini, Predefiniti::CentroX + 1000, Predefiniti::CentroY + 1000),
                  Grigio);
