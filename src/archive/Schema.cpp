@@ -48,6 +48,44 @@ void CreaSchemaConfigurazione(QSqlDatabase& db) {
                               " TastoScansione SMALLINT NOT NULL,"
                               " TipoInversioneScansione SMALLINT NOT NULL,"
                               " TempoLatenzaScansione INTEGER NOT NULL)"));
+    AggiornaSchemaConfigurazione(db);
+}
+
+void AggiornaSchemaConfigurazione(QSqlDatabase& db) {
+    QSqlQuery versione(db);
+    if (!versione.exec(QStringLiteral("PRAGMA user_version")) || !versione.next())
+        throw ErroreSql(versione.lastError());
+    const int letta = versione.value(0).toInt();
+    versione.finish();
+
+    // The columns are looked at whatever the version says: a table rebuilt by
+    // an outside tool may have lost one.
+    QStringList colonne;
+    QSqlQuery info(db);
+    if (!info.exec(QStringLiteral("PRAGMA table_info(ConfigurazioniGenerali)")))
+        throw ErroreSql(info.lastError());
+    while (info.next())
+        colonne << info.value(1).toString();
+    info.finish();
+    // Version 1: the printer chosen on the printer list, empty for the system's own.
+    const bool senzaStampante = !colonne.contains(QStringLiteral("StampanteScelta"));
+    if (letta >= VersioneConfigurazione && !senzaStampante) return;
+
+    // A savepoint nests inside the installer's transaction as well as standing alone.
+    Esegui(db, QStringLiteral("SAVEPOINT aggiornamento"));
+    try {
+        if (senzaStampante)
+            Esegui(db, QStringLiteral("ALTER TABLE ConfigurazioniGenerali"
+                                      " ADD COLUMN StampanteScelta TEXT NOT NULL DEFAULT ''"));
+        if (letta < VersioneConfigurazione)
+            Esegui(db, QStringLiteral("PRAGMA user_version = %1").arg(VersioneConfigurazione));
+        Esegui(db, QStringLiteral("RELEASE aggiornamento"));
+    } catch (...) {
+        QSqlQuery indietro(db);
+        indietro.exec(QStringLiteral("ROLLBACK TO aggiornamento"));
+        indietro.exec(QStringLiteral("RELEASE aggiornamento"));
+        throw;
+    }
 }
 
 void CreaSchemaDisegni(QSqlDatabase& db) {

@@ -1,6 +1,9 @@
 #include "input/ConfigurazioniGenerali.h"
 
 #include "input/QuadroMessaggi.h"
+#include "printing/SceltaStampanti.h"
+#include "printing/Stampe.h"
+#include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -150,12 +153,23 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         if (CaricamentoConfigurazioni != 1) ModificheEffettuate = 1;
     });
 
+    ScrittaStampante = new QLabel(this);
+    ScrittaStampante->setObjectName(QStringLiteral("ScrittaStampante"));
+    ScrittaStampante->setGeometry(RettangoloTwips(405, 8600, 14445, 450));
+    ScrittaStampante->setFont(QFont(QStringLiteral("Arial"), 10));
+    ScrittaStampante->setTextFormat(Qt::PlainText);
+    TastoStampante = new QPushButton(QStringLiteral("Stampante"), this);
+    TastoStampante->setObjectName(QStringLiteral("TastoStampante"));
+    TastoStampante->setGeometry(RettangoloTwips(5600, 9700, 2700, 900));
+    connect(TastoStampante, &QPushButton::clicked, this,
+            [this] { EseguiProtetto([this] { Stampante(); }); });
+
     TastoRegistraConfigurazioniGenerali = new QPushButton(QStringLiteral("Registra"), this);
     TastoRegistraConfigurazioniGenerali->setGeometry(RettangoloTwips(8700, 9700, 2700, 900));
     TastoChiudiConfigurazioniGenerali = new QPushButton(QStringLiteral("Chiudi"), this);
     TastoChiudiConfigurazioniGenerali->setGeometry(RettangoloTwips(11800, 9700, 2700, 900));
     for (QPushButton* b :
-         {TastoRegistraConfigurazioniGenerali, TastoChiudiConfigurazioniGenerali}) {
+         {TastoStampante, TastoRegistraConfigurazioniGenerali, TastoChiudiConfigurazioniGenerali}) {
         b->setFocusPolicy(Qt::NoFocus);
         b->setAutoDefault(false);
         QFont f(QStringLiteral("Arial"), 12);
@@ -181,7 +195,26 @@ void ConfigurazioniGenerali::AttivaConfigurazioniGenerali() {
     MostraQuadri();
     Colora();
     ImmiTempoLatenzaScans->setText(QString::number(TempoLatenzaScansione));
+    MostraStampante();
     CaricamentoConfigurazioni = 0;
+}
+
+void ConfigurazioniGenerali::MostraStampante() {
+    QString nome = StampanteProgramma.isEmpty() ? StampanteDiSistema : StampanteProgramma;
+    if (nome.isEmpty()) nome = QStringLiteral("nessuna");
+    QString testo = QStringLiteral("Stampante attiva:  « ") + nome + QStringLiteral(" »");
+    // A choice the system does not have now is kept and shown for what it is.
+    if (!StampanteScelta.isEmpty() && StampanteScelta != StampanteProgramma)
+        testo += QStringLiteral("   (scelta « ") + StampanteScelta +
+                 QStringLiteral(" » non disponibile)");
+    ScrittaStampante->setText(testo);
+}
+
+void ConfigurazioniGenerali::Stampante() {
+    ApriSceltaStampanti(this);
+    MostraStampante();
+    activateWindow();
+    ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
 }
 
 void ConfigurazioniGenerali::MostraQuadri() {

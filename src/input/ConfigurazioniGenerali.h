@@ -36,12 +36,16 @@ public:
     QLineEdit* ImmiTempoLatenzaScans = nullptr;
     QPushButton* TastoRegistraConfigurazioniGenerali = nullptr;
     QPushButton* TastoChiudiConfigurazioniGenerali = nullptr;
+    // The printer list, which the menu has no button for.
+    QPushButton* TastoStampante = nullptr;
+    QLabel* ScrittaStampante = nullptr;
 
     void ClickModo(int16_t indice);
     void ClickTasti(int16_t indice);
     void ClickInversione(int16_t indice);
     void Registra();
     void Chiudi();
+    void Stampante();
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
@@ -50,6 +54,7 @@ protected:
 private:
     void MostraQuadri();
     void Colora();
+    void MostraStampante();
     bool TastoDiretto(int tasto);
     bool FiltroLatenza(QKeyEvent* evento);
 };

@@ -13,6 +13,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrinter>
+#include <QPrinterInfo>
 
 namespace {
 
@@ -38,6 +39,16 @@ struct SfondoRipristinato {
 };
 
 } // namespace
+
+QStringList StampantiDiSistema() {
+    return ElencoStampanti ? ElencoStampanti() : QPrinterInfo::availablePrinterNames();
+}
+
+bool ImpostaStampanteProgramma(const QString& nome) {
+    if (nome.isEmpty() || !StampantiDiSistema().contains(nome)) return false;
+    StampanteProgramma = nome;
+    return true;
+}
 
 QString TitoloStampa() {
     const QString nome = NomeDisegnoCorrente.trimmed();
@@ -98,8 +109,8 @@ void StampaDisegno(Superficie& quadro) {
                       if (!FileStampa.isEmpty()) {
                           stampante.setOutputFormat(QPrinter::PdfFormat);
                           stampante.setOutputFileName(FileStampa);
-                      } else if (!StampanteScelta.isEmpty()) {
-                          stampante.setPrinterName(StampanteScelta);
+                      } else if (!StampanteProgramma.isEmpty()) {
+                          stampante.setPrinterName(StampanteProgramma);
                       }
                       StampaPagina(stampante, quadro, sfondo == 2);
                   }}});

@@ -1,12 +1,24 @@
 #pragma once
 
+#include "start/Configurazione.h"
+
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 class QPrinter;
 class Superficie;
 
-// The printer the user chose on the printer list; empty for the system's own.
-inline QString StampanteScelta;
+// The printer the program prints on: StampanteScelta when the system has it,
+// otherwise the system's own (empty).
+inline QString StampanteProgramma;
+// The system's printers by name, in the system's order. Tests put their own list here.
+inline std::function<QStringList()> ElencoStampanti;
+QStringList StampantiDiSistema();
+// Makes `nome` the program's printer when the system has one of that exact
+// name; otherwise the printer stays as it was. True when found.
+bool ImpostaStampanteProgramma(const QString& nome);
 // A PDF file to print into in place of a printer: empty for a printer. The
 // tests and the benchmarks print here.
 inline QString FileStampa;

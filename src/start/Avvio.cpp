@@ -2,7 +2,9 @@
 
 #include "archive/Archivi.h"
 #include "archive/BitmapDisegni.h"
+#include "archive/Schema.h"
 #include "input/QuadroMessaggi.h"
+#include "printing/Stampe.h"
 #include "start/BaseVuoto.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -238,10 +240,21 @@ int AvviaZanto() {
 
         EseguiPassi({
             {140, [] { ApriArchivio(ArchivioConfigurazione, PercorsoConfigurazione()); }},
+            // An archive of an earlier version gains its new columns once.
+            {145,
+             [] {
+                 QSqlDatabase db = Archivio(ArchivioConfigurazione);
+                 AggiornaSchemaConfigurazione(db);
+             }},
             {150, [] { LeggiConfigurazione(); }},
             {160, [] { ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni()); }},
             {165, [] { ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti()); }},
-            {170, [] { StampanteDiSistema = QPrinterInfo::defaultPrinterName(); }},
+            {170,
+             [] {
+                 StampanteDiSistema = QPrinterInfo::defaultPrinterName();
+                 StampanteProgramma.clear();
+                 ImpostaStampanteProgramma(StampanteScelta);
+             }},
             {180, [] { CaricaMenùGenerale(); }},
             // A save cut short by a crash may have left a bitmap behind its rows.
             // After the menu has read the folders: a broken archive ends the

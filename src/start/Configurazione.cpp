@@ -49,6 +49,12 @@ void LeggiConfigurazione() {
         Impostazione<int16_t>(q, "TipoInversioneScansione", 1, 2, I::TipoInversioneScansione);
     TempoLatenzaScansione =
         Impostazione<int32_t>(q, "TempoLatenzaScansione", 500, 5000, I::TempoLatenzaScansione);
+    const int stampante = q.record().indexOf(QStringLiteral("StampanteScelta"));
+    if (stampante < 0)
+        throw ErroreZanto{3265, QStringLiteral("Campo non trovato: StampanteScelta")};
+    // Anything but a name is no choice: the system's printer stands.
+    const QVariant nome = q.value(stampante);
+    StampanteScelta = nome.typeId() == QMetaType::QString ? nome.toString() : QString();
 }
 
 void RegistraConfigurazione() {
@@ -67,4 +73,12 @@ void RegistraConfigurazione() {
     if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
     // A new dwell counts on the wait in progress.
     MotoreScansione::LatenzaCambiata();
+}
+
+void RegistraStampanteScelta() {
+    QSqlQuery q = Prepara(Archivio(ArchivioConfigurazione),
+                          QStringLiteral("UPDATE ConfigurazioniGenerali SET StampanteScelta = ?"));
+    q.addBindValue(StampanteScelta);
+    Esegui(q);
+    if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
 }

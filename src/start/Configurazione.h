@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <cstdint>
 
 // The five scanning settings: one row of ConfigurazioniGenerali, plain globals
@@ -10,8 +12,15 @@ inline int16_t TastoScansione = 2;           // 1 Enter, 2 Space
 inline int16_t TipoInversioneScansione = 1;  // 1 immediate, 2 through a pause
 inline int32_t TempoLatenzaScansione = 1000; // dwell of the ring, ms
 
+// The printer chosen on the printer list, kept in the same row so that it holds
+// from one run to the next; empty for the system's own.
+inline QString StampanteScelta;
+
 // Reads the row into the globals; an empty table is an error (3021), never a default.
 // A value out of its range or NULL is read as the installer's value for it.
 void LeggiConfigurazione();
 // Writes the five globals to the row.
 void RegistraConfigurazione();
+// Writes StampanteScelta to the row, alone: the printer list stores it as soon
+// as it is confirmed.
+void RegistraStampanteScelta();

@@ -1,6 +1,8 @@
 // The start routine on a data folder made by the installer, and its failures.
 #include "archive/Archivi.h"
+#include "archive/Schema.h"
 #include "input/QuadroMessaggi.h"
+#include "printing/Stampe.h"
 #include "start/Avvio.h"
 #include "start/BaseVuoto.h"
 #include "start/Bip.h"
@@ -401,6 +403,61 @@ private slots:
         QVERIFY(NessunArchivioAperto());
         QVERIFY(!CopertinaVisibile());
         QVERIFY(!QFileInfo::exists(radice)); // nothing made in its place
+    }
+
+    void un_archivio_del_primo_installatore_si_aggiorna_una_volta() {
+        // The configuration archive as the first installer made it.
+        const QString percorso = PercorsoConfigurazione();
+        EseguiSql(percorso, QStringLiteral("DROP TABLE ConfigurazioniGenerali"));
+        EseguiSql(percorso, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
+                                           " \"ModalitàFunzionamento\" SMALLINT NOT NULL,"
+                                           " TastoScelta SMALLINT NOT NULL,"
+                                           " TastoScansione SMALLINT NOT NULL,"
+                                           " TipoInversioneScansione SMALLINT NOT NULL,"
+                                           " TempoLatenzaScansione INTEGER NOT NULL)"));
+        EseguiSql(percorso,
+                  QStringLiteral("INSERT INTO ConfigurazioniGenerali VALUES (2, 2, 1, 2, 2500)"));
+        EseguiSql(percorso, QStringLiteral("PRAGMA user_version = 0"));
+        StampanteScelta = QStringLiteral("resto di una prova precedente");
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(amb->Scatole.isEmpty());
+        QCOMPARE(ModalitàFunzionamento, int16_t(2));
+        QCOMPARE(TastoScelta, int16_t(2));
+        QCOMPARE(TastoScansione, int16_t(1));
+        QCOMPARE(TipoInversioneScansione, int16_t(2));
+        QCOMPARE(TempoLatenzaScansione, 2500);
+        QCOMPARE(StampanteScelta, QString());
+        QSqlDatabase db = Archivio(ArchivioConfigurazione);
+        QSqlQuery q(db);
+        QVERIFY(q.exec(QStringLiteral("PRAGMA user_version")) && q.next());
+        QCOMPARE(q.value(0).toInt(), VersioneConfigurazione);
+        QVERIFY(q.exec(QStringLiteral("SELECT StampanteScelta, count(*) FROM"
+                                      " ConfigurazioniGenerali")) &&
+                q.next());
+        QCOMPARE(q.value(0).toString(), QString());
+        QCOMPARE(q.value(1).toInt(), 1);
+        q.finish();
+        // Once brought up, the archive is not written again.
+        QFile file(percorso);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray prima = file.readAll();
+        file.close();
+        AggiornaSchemaConfigurazione(db);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), prima);
+    }
+
+    void la_stampante_scelta_torna_all_avvio() {
+        ElencoStampanti = [] {
+            return QStringList{QStringLiteral("Aula"), QStringLiteral("Casa")};
+        };
+        EseguiSql(PercorsoConfigurazione(),
+                  QStringLiteral("UPDATE ConfigurazioniGenerali SET StampanteScelta = 'Casa'"));
+        StampanteProgramma.clear();
+        QCOMPARE(AvviaZanto(), -1);
+        QCOMPARE(StampanteScelta, QStringLiteral("Casa"));
+        QCOMPARE(StampanteProgramma, QStringLiteral("Casa"));
+        ElencoStampanti = nullptr;
     }
 
     void impostazioni_fuori_dai_limiti_valgono_quelle_dell_installatore_data() {

@@ -1,0 +1,163 @@
+#include "printing/SceltaStampanti.h"
+
+#include "input/IconaSvg.h"
+#include "printing/Stampe.h"
+#include "start/Avvio.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "start/GestioneErrori.h"
+#include "start/Misure.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace {
+
+QLabel* Scritta(QWidget* genitore, const QString& testo, const QRect& posto, int punti,
+                bool grassetto) {
+    auto* l = new QLabel(testo, genitore);
+    l->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
+    QFont f(QStringLiteral("Arial"), punti);
+    f.setBold(grassetto);
+    l->setFont(f);
+    return l;
+}
+
+} // namespace
+
+SceltaStampanti::SceltaStampanti() {
+    setObjectName(QStringLiteral("SceltaStampanti"));
+    setWindowTitle(QStringLiteral("Programma «ZANTO» - SCELTA STAMPANTE"));
+    setFixedSize(Px(7200), Px(5700));
+    setModal(true);
+
+    Scritta(this, QStringLiteral("ELENCO STAMPANTI"), QRect(240, 120, 6720, 400), 12, true)
+        ->setAlignment(Qt::AlignCenter);
+    ListaStampanti = new QListWidget(this);
+    ListaStampanti->setObjectName(QStringLiteral("ListaStampanti"));
+    ListaStampanti->setGeometry(RettangoloTwips(240, 560, 6720, 2100));
+    ListaStampanti->setFont(QFont(QStringLiteral("Arial"), 11));
+    ListaStampanti->installEventFilter(this);
+    // The highlighted name goes to the label, which the confirm reads.
+    connect(ListaStampanti, &QListWidget::currentTextChanged, this, [this](const QString& nome) {
+        if (!attivando_) ScrittaStampanteAttiva->setText(nome);
+    });
+    connect(ListaStampanti, &QListWidget::itemDoubleClicked, this,
+            [this] { EseguiProtetto([this] { Conferma(); }); });
+
+    Scritta(this, QStringLiteral("Stampante attiva:"), QRect(240, 2800, 2100, 400), 10, true);
+    ScrittaStampanteAttiva = Scritta(this, {}, QRect(2400, 2760, 4560, 480), 10, false);
+    ScrittaStampanteAttiva->setObjectName(QStringLiteral("ScrittaStampanteAttiva"));
+    ScrittaStampanteAttiva->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    ScrittaStampanteAttiva->setTextFormat(Qt::PlainText);
+
+    Scritta(this, QStringLiteral("NOTA:"), QRect(240, 3400, 900, 400), 9, true);
+    auto* nota = Scritta(this,
+                         QStringLiteral("Evidenziare il nome di una Stampante e premere Invio per "
+                                        "renderla attiva."),
+                         QRect(1140, 3400, 5820, 700), 9, false);
+    nota->setWordWrap(true);
+
+    const char* const didascalie[3] = {"", "Scegli", "Annulla"};
+    const char* const suggerimenti[3] = {"Conferma la stampante attiva", "Scegli", "Annulla"};
+    for (int i = 0; i < 3; ++i) {
+        const QRect posto = RettangoloTwips(300 + i * 2340, 4380, 1920, 900);
+        CoronaTastoSelectAzione[i] = new QFrame(this);
+        CoronaTastoSelectAzione[i]->setGeometry(posto.adjusted(-Px(60), -Px(60), Px(60), Px(60)));
+        CoronaTastoSelectAzione[i]->setStyleSheet(
+            QStringLiteral("background-color: red; border: none;"));
+        CoronaTastoSelectAzione[i]->hide();
+        auto* b = new QPushButton(QString::fromUtf8(didascalie[i]), this);
+        b->setObjectName(QStringLiteral("TastoSceltaStampante%1").arg(101 + i));
+        b->setGeometry(posto);
+        b->setToolTip(QString::fromUtf8(suggerimenti[i]));
+        b->setFocusPolicy(Qt::NoFocus);
+        b->setAutoDefault(false);
+        QFont f(QStringLiteral("Arial"), 11);
+        f.setBold(true);
+        b->setFont(f);
+        b->installEventFilter(this);
+        TastoSceltaStampante[i] = b;
+    }
+    ImpostaIcona(TastoSceltaStampante[0], QStringLiteral(":/icone/lista/conferma.svg"));
+    connect(TastoSceltaStampante[0], &QPushButton::clicked, this,
+            [this] { EseguiProtetto([this] { Conferma(); }); });
+    // "Scegli" has no action of its own.
+    connect(TastoSceltaStampante[2], &QPushButton::clicked, this,
+            [this] { EseguiProtetto([this] { Annulla(); }); });
+}
+
+void SceltaStampanti::AttivaSceltaStampanti() {
+    attivando_ = true;
+    ScrittaStampanteAttiva->setText(StampanteScelta.isEmpty() ? StampanteDiSistema
+                                                              : StampanteScelta);
+    ListaStampanti->clear();
+    ListaStampanti->addItems(StampantiDiSistema());
+    if (ListaStampanti->count() > 0) ListaStampanti->setCurrentRow(0);
+    attivando_ = false;
+    ListaStampanti->setFocus(Qt::OtherFocusReason);
+}
+
+void SceltaStampanti::SelezionaPrima() {
+    if (ListaStampanti->count() > 0) ListaStampanti->setCurrentRow(0);
+    ListaStampanti->setFocus(Qt::OtherFocusReason);
+}
+
+void SceltaStampanti::Conferma() {
+    const QString nome = ScrittaStampanteAttiva->text().trimmed();
+    if (nome.isEmpty()) {
+        Bip();
+        ListaStampanti->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    // Stored even when the system has no such printer now: it may come back.
+    StampanteScelta = nome;
+    ImpostaStampanteProgramma(nome);
+    EseguiPassi({{5010, [] { RegistraStampanteScelta(); }}});
+    accept();
+}
+
+void SceltaStampanti::Annulla() {
+    Annullata = true;
+    reject();
+}
+
+bool SceltaStampanti::eventFilter(QObject* oggetto, QEvent* evento) {
+    for (int i = 0; i < 3; ++i) {
+        if (oggetto != TastoSceltaStampante[i]) continue;
+        if (evento->type() == QEvent::Enter) CoronaTastoSelectAzione[i]->show();
+        if (evento->type() == QEvent::Leave) CoronaTastoSelectAzione[i]->hide();
+    }
+    if (oggetto == ListaStampanti && evento->type() == QEvent::KeyPress) {
+        const int tasto = static_cast<QKeyEvent*>(evento)->key();
+        if (tasto == Qt::Key_Return || tasto == Qt::Key_Enter) {
+            EseguiProtetto([this] {
+                if (QListWidgetItem* riga = ListaStampanti->currentItem())
+                    ScrittaStampanteAttiva->setText(riga->text());
+                Conferma();
+            });
+            return true;
+        }
+        if (tasto == Qt::Key_Escape) {
+            EseguiProtetto([this] { Annulla(); });
+            return true;
+        }
+    }
+    return QDialog::eventFilter(oggetto, evento);
+}
+
+bool ApriSceltaStampanti(QWidget* sopra) {
+    bool confermata = false;
+    EseguiProtetto([&] {
+        SceltaStampanti modulo;
+        modulo.AttivaSceltaStampanti();
+        if (sopra != nullptr)
+            modulo.move(sopra->mapToGlobal(sopra->rect().center()) - modulo.rect().center());
+        confermata = modulo.exec() == QDialog::Accepted;
+    });
+    return confermata;
+}
