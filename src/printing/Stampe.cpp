@@ -62,6 +62,8 @@ void StampaPagina(QPrinter& stampante, Superficie& quadro, bool sfondoBianco) {
     stampante.setPageLayout(QPageLayout(QPageSize(a3 ? QPageSize::A3 : QPageSize::A4),
                                         QPageLayout::Landscape, QMarginsF(0, 0, 0, 0)));
     stampante.setFullPage(true);
+    // A drawing is in colour; a printer without colour makes its own greys.
+    stampante.setColorMode(QPrinter::Color);
     stampante.setDocName(QStringLiteral("ZANTO - ") + TitoloStampa());
 
     SfondoRipristinato ripristino{quadro, sfondoBianco};

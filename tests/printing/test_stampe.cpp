@@ -2,6 +2,7 @@
 // questions by keys, the page read back as the paper would show it
 // (rasterised at 96 dpi), the title's words and font, and the canvas left on
 // its own ground afterwards.
+#include "PaginaStampata.h"
 #include "archive/ArchivioAzioni.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
@@ -21,33 +22,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace PaginaStampata;
+
 namespace {
 
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Grigio = 0xC0C0C0;
-
-// A tool of the PDF utilities; an empty result when it failed.
-QByteArray Esegui(const QString& programma, const QStringList& argomenti) {
-    QProcess p;
-    p.start(programma, argomenti);
-    if (!p.waitForFinished(60000) || p.exitCode() != 0) return {};
-    return p.readAllStandardOutput();
-}
-
-bool Vicino(QRgb p, int32_t bgr, int tolleranza = 10) {
-    return qAbs(qRed(p) - (bgr & 0xFF)) <= tolleranza &&
-           qAbs(qGreen(p) - ((bgr >> 8) & 0xFF)) <= tolleranza &&
-           qAbs(qBlue(p) - ((bgr >> 16) & 0xFF)) <= tolleranza;
-}
-
-// The box of the pixels of one colour inside `dove`.
-QRect BoxDi(const QImage& img, int32_t bgr, const QRect& dove) {
-    QRect r;
-    for (int y = dove.top(); y <= dove.bottom(); ++y)
-        for (int x = dove.left(); x <= dove.right(); ++x)
-            if (Vicino(img.pixel(x, y), bgr)) r |= QRect(x, y, 1, 1);
-    return r;
-}
 
 } // namespace
 
@@ -69,11 +49,7 @@ class ProvaStampe : public QObject, MondoDisegno {
         QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(u'\n')));
     }
     QImage Pagina() {
-        const QString radice = cartella_.filePath(QStringLiteral("pagina"));
-        Esegui(QStringLiteral("pdftoppm"),
-               {QStringLiteral("-r"), QStringLiteral("96"), QStringLiteral("-png"),
-                QStringLiteral("-singlefile"), FileStampa, radice});
-        const QImage pagina(radice + QStringLiteral(".png"));
+        const QImage pagina = Rasterizza(FileStampa, cartella_.filePath(QStringLiteral("pagina")));
         // For the eye: the page as the paper shows it.
         const QString schermate = qEnvironmentVariable("ZANTO_SCHERMATE");
         if (!schermate.isEmpty()) pagina.save(schermate + QStringLiteral("/stampa-pagina.png"));
@@ -114,8 +90,7 @@ private slots:
         QVERIFY2(titolo.left() >= 79 && titolo.left() <= 83 && titolo.top() >= 26 &&
                      titolo.top() <= 34,
                  qPrintable(QStringLiteral("%1,%2").arg(titolo.left()).arg(titolo.top())));
-        const QString testo = QString::fromUtf8(
-            Esegui(QStringLiteral("pdftotext"), {FileStampa, QStringLiteral("-")}));
+        const QString testo = Testo(FileStampa);
         QVERIFY2(testo.contains(QStringLiteral("NOME DISEGNO:")) &&
                      testo.contains(QStringLiteral("Non Assegnato")) &&
                      testo.contains(QStringLiteral("CARTELLA:")) &&
@@ -145,8 +120,7 @@ private slots:
                                 .arg(tela.top())
                                 .arg(tela.width())
                                 .arg(tela.height())));
-        const QString testo = QString::fromUtf8(
-            Esegui(QStringLiteral("pdftotext"), {FileStampa, QStringLiteral("-")}));
+        const QString testo = Testo(FileStampa);
         QVERIFY2(testo.contains(QStringLiteral("La casa")), qPrintable(testo));
         QCOMPARE(a->Quadro.BackColor(), Grigio);
     }

@@ -1,0 +1,100 @@
+#!/usr/bin/env bash
+# A print service of the tests' own: a CUPS scheduler on a socket in a folder
+# of the build, with one PDF queue whose backend writes each job it gets into
+# that folder. No system printer or setting is touched.
+#   cups-privato.sh avvia FOLDER   starts it (returns when it is listening)
+#   cups-privato.sh ferma FOLDER   stops it
+set -euo pipefail
+azione="$1"
+R="$(mkdir -p "$2" && cd "$2" && pwd)"
+
+ferma() {
+  if [[ -f "$R/cupsd.pid" ]]; then
+    kill "$(cat "$R/cupsd.pid")" 2>/dev/null || true
+    rm -f "$R/cupsd.pid"
+  fi
+}
+
+case "$azione" in
+ferma)
+  ferma
+  exit 0
+  ;;
+avvia) ;;
+*)
+  echo "uso: $0 avvia|ferma CARTELLA" >&2
+  exit 2
+  ;;
+esac
+
+ferma
+cupsd_bin="$(command -v cupsd || echo /usr/sbin/cupsd)"
+[[ -x "$cupsd_bin" ]] || { echo "cupsd mancante: installare cups-daemon" >&2; exit 1; }
+command -v lpadmin >/dev/null || { echo "lpadmin mancante: installare cups-client" >&2; exit 1; }
+
+rm -rf "$R/etc" "$R/spool" "$R/cache" "$R/state" "$R/tmp" "$R/log" "$R/bin" "$R/uscita"
+mkdir -p "$R"/{etc/ppd,spool,cache,state,tmp,log,bin/backend,uscita}
+# The backend runs as the scheduler's own user, not as us.
+chmod 777 "$R/tmp" "$R/uscita"
+
+# The system's filters and helpers, and our one backend.
+for d in filter daemon notifier cgi-bin monitor driver; do
+  [[ -e "/usr/lib/cups/$d" ]] && ln -s "/usr/lib/cups/$d" "$R/bin/$d"
+done
+cat >"$R/bin/backend/zantopdf" <<'BACKEND'
+#!/bin/sh
+# Without arguments a backend tells what devices it serves.
+if [ $# -eq 0 ]; then
+  echo 'file zantopdf "ZANTO" "PDF di prova di ZANTO"'
+  exit 0
+fi
+dest="${DEVICE_URI#zantopdf:}"
+tmp="$dest/.lavoro-$1"
+if [ $# -ge 6 ]; then cat "$6" >"$tmp"; else cat >"$tmp"; fi || exit 1
+# Whole or not at all: whoever waits for the file never reads half a job.
+chmod 644 "$tmp"
+mv "$tmp" "$dest/lavoro-$1.pdf"
+BACKEND
+chmod 755 "$R/bin/backend/zantopdf"
+
+cat >"$R/etc/cupsd.conf" <<CONF
+Listen $R/cups.sock
+LogLevel info
+Browsing No
+WebInterface No
+DefaultAuthType None
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Location /admin>
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  <Limit All>
+    Order deny,allow
+  </Limit>
+</Policy>
+CONF
+cat >"$R/etc/cups-files.conf" <<CONF
+ServerRoot $R/etc
+ServerBin $R/bin
+RequestRoot $R/spool
+CacheDir $R/cache
+StateDir $R/state
+TempDir $R/tmp
+AccessLog $R/log/access_log
+ErrorLog $R/log/error_log
+PageLog $R/log/page_log
+CONF
+
+# Without -f cupsd returns once it listens.
+"$cupsd_bin" -c "$R/etc/cupsd.conf" -s "$R/etc/cups-files.conf"
+pgrep -f -n "cupsd -C $R/etc/cupsd.conf" >"$R/cupsd.pid" ||
+  pgrep -f -n "cupsd -c $R/etc/cupsd.conf" >"$R/cupsd.pid"
+
+export CUPS_SERVER="$R/cups.sock"
+lpadmin -p ZantoProva -v "zantopdf:$R/uscita" -D "ZANTO PDF di prova" -E 2>/dev/null
+lpadmin -p ZantoSeconda -v "zantopdf:$R/uscita" -D "ZANTO seconda stampante" -E 2>/dev/null
+lpstat -v
