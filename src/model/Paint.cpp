@@ -93,6 +93,7 @@ bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempiment
         const int sinistra = CercaIndietroDiverso(r, x, daSostituire) + 1;
         const int destra = CercaAvanti<false>(r, x, larghezza, daSostituire) - 1;
         std::fill(r + sinistra, r + destra + 1, riempimento);
+        if (TrattiRiempiti) TrattiRiempiti->push_back({y, sinistra, destra});
         giro.push_back({y + 1, sinistra, destra, 1});
         giro.push_back({y - 1, sinistra, destra, -1});
     }
@@ -119,6 +120,7 @@ bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempiment
             if (i + 1 < larghezza && r[i + 1] == daSostituire)
                 destra = CercaAvanti<false>(r, i + 1, larghezza, daSostituire) - 1;
             std::fill(r + sinistra, r + destra + 1, riempimento);
+            if (TrattiRiempiti) TrattiRiempiti->push_back({t.Y, sinistra, destra});
             prossimi.push_back({t.Y + t.Verso, sinistra, destra, t.Verso});
             // The parent's row ends one pixel past the parent on either side.
             if (sinistra < t.Sinistra - 1)

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 class Superficie;
 
@@ -12,6 +13,16 @@ class Superficie;
 // point lies outside, has another colour, or the two colours are the same.
 // Returns whether anything was filled.
 bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempimento);
+
+// One span of pixels a fill has just painted, row and both ends included.
+struct TrattoRiempito {
+    int Y;
+    int Sinistra;
+    int Destra;
+};
+// When set, every fill adds the spans it paints here: the vector copy of a
+// drawing gives each fill exactly the pixels the canvas gave it.
+inline std::vector<TrattoRiempito>* TrattiRiempiti = nullptr;
 
 // Flood fill for a surface whose coordinates are not pixels.
 class Paint {

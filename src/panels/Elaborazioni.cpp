@@ -2,6 +2,7 @@
 
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/FileScambio.h"
 #include "archive/IstruzioniArchivio.h"
 #include "panels/EtichettaLista.h"
 #include "start/Avvio.h"
@@ -99,6 +100,10 @@ void RiempiListaImmagini() {
 
 void RiempiListaTesti() {
     File(3200, {QStringLiteral(".rtf")});
+}
+
+void RiempiListaScambi() {
+    File(3300, {EstensioneScambio});
 }
 
 void RiempiListaFont() {
@@ -224,6 +229,7 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
         return true;
     case 5:
     case 6:
+    case 9:
         return RimuoviFile(voce.Nome, numero);
     default:
         return false;

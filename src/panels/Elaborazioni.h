@@ -8,7 +8,8 @@
 // What the list panel shows and gives back. The fill routines leave the labels
 // of the whole list in VociLista (from 1) and their count in NumeroVoci.
 inline int16_t TipoLista = 0;    // 1 drawings, 2 drawing folders, 3 objects, 4 object
-                                 // folders, 5 pictures, 6 text files, 7 fonts, 8 sizes
+                                 // folders, 5 pictures, 6 text files, 7 fonts, 8 sizes,
+                                 // 9 drawings to import
 inline int16_t ModoCartelle = 0; // 2: folders may be made as well as chosen
 inline QStringList VociLista{QString()};
 inline int16_t NumeroVoci = 0;
@@ -33,6 +34,8 @@ void RiempiListaCartelleObj();
 // system gives them; the number of a label is its place in ElencoFile.
 void RiempiListaImmagini();
 void RiempiListaTesti();
+// The drawings that travel (".zanto") of the files folder, the same way.
+void RiempiListaScambi();
 // The screen's fonts whose name begins with a capital A to Z, sorted.
 void RiempiListaFont();
 // The twenty sizes 8, 10, ... 46.

@@ -17,7 +17,7 @@
 namespace {
 
 const QString& TitoloDi(int16_t tipo) {
-    static const QString titoli[9] = {
+    static const QString titoli[10] = {
         QString(),
         QStringLiteral("Programma «ZANTO» - Scelta Disegno"),
         QStringLiteral("Programma «ZANTO» - Scelta Cartella Disegni"),
@@ -27,8 +27,9 @@ const QString& TitoloDi(int16_t tipo) {
         QStringLiteral("Programma «ZANTO» - Scelta File di Testo (Rtf)"),
         QStringLiteral("Programma «ZANTO» - Scelta Fonts"),
         QStringLiteral("Programma «ZANTO» - Scelta Dimensione Carattere"),
+        QStringLiteral("Programma «ZANTO» - Scelta Disegno da Importare"),
     };
-    return titoli[tipo >= 1 && tipo <= 8 ? tipo : 0];
+    return titoli[tipo >= 1 && tipo <= 9 ? tipo : 0];
 }
 
 // The face of the lines: fixed pitch, so that the brackets stand in one column.
@@ -64,6 +65,9 @@ QStringList PrimaDomanda(int16_t tipo) {
     case 6:
         return {QStringLiteral("ELIMINARE il File di Testo selezionato?"), attenzione,
                 QStringLiteral("Il File di Testo verrà definitivamente cancellato!")};
+    case 9:
+        return {QStringLiteral("ELIMINARE il File di Disegno selezionato?"), attenzione,
+                QStringLiteral("Il File di Disegno verrà definitivamente cancellato!")};
     default:
         return {};
     }
@@ -94,6 +98,9 @@ QStringList SecondaDomanda(int16_t tipo) {
         break;
     case 6:
         righe << QStringLiteral("del File di Testo selezionato.");
+        break;
+    case 9:
+        righe << QStringLiteral("del File di Disegno selezionato.");
         break;
     default:
         break;
@@ -347,7 +354,7 @@ void QuadroMostraLista::Elimina() {
     bool eliminato = false;
     EseguiPassi({{2280, [&] { eliminato = EliminaVoceLista(voce); }}});
     // A file gone since the list was read: nothing to delete, say so by a beep.
-    if (!eliminato && TipoLista >= 1 && TipoLista <= 6) Bip();
+    if (!eliminato && ((TipoLista >= 1 && TipoLista <= 6) || TipoLista == 9)) Bip();
     switch (TipoLista) {
     case 1:
         RiempiListaDisegni();
@@ -366,6 +373,9 @@ void QuadroMostraLista::Elimina() {
         break;
     case 6:
         RiempiListaTesti();
+        break;
+    case 9:
+        RiempiListaScambi();
         break;
     default:
         break;
@@ -410,6 +420,10 @@ void ScegliDaLista() {
         break;
     case 8:
         RiempiListaDimensioni();
+        break;
+    case 9:
+        AbilitaTastiLista[2] = 1;
+        RiempiListaScambi();
         break;
     default:
         break;

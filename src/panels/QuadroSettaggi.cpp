@@ -55,11 +55,11 @@ QList<FormScansione::DefinizioneTasto> TabellaTasti() {
 }
 
 // Nothing open in the hands: no element, no edit command, no object.
-bool Libero() {
+} // namespace
+
+bool ManiLibere() {
     return ComandoModifica < 1 && PrimitivaAttiva < 1 && OggettoAttivo != 1;
 }
-
-} // namespace
 
 int32_t PassoDellIndice(int16_t indice) {
     static const int32_t passi[] = {15, 50, 150, 300};
@@ -172,12 +172,11 @@ void QuadroSettaggi::ClickTasto(int16_t indice) {
         SalvaOggetto();
         return;
     case 145:
+        Importa();
+        return;
     case 146:
-        // Import and export are not in operation: 146 says nothing at all.
-        Bip();
-        ParcheggiaMouse();
-        Messaggio(indice == 145 ? TestoTastoNonOperativo : QString(), 1, 1);
-        break;
+        Esporta();
+        return;
     default:
         return;
     }
@@ -186,7 +185,7 @@ void QuadroSettaggi::ClickTasto(int16_t indice) {
 }
 
 void QuadroSettaggi::CartelleOggetti() {
-    if (!Libero()) {
+    if (!ManiLibere()) {
         Bip();
         Riprendi();
         return;

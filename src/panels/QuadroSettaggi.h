@@ -31,10 +31,15 @@ private:
     void CambiaColorazioni(bool inTondini);
     void LeggiOggetto();
     void SalvaOggetto();
+    void Esporta();
+    void Importa();
 
     Superficie& tela_;
     std::function<void()> coloriCambiati_;
 };
+
+// Nothing open on the drawing screen and nothing in the hands.
+bool ManiLibere();
 
 // The steps of a movement and the widths of a line, walked by 135 and 136.
 int32_t PassoDellIndice(int16_t indice);

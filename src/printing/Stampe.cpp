@@ -51,9 +51,12 @@ bool ImpostaStampanteProgramma(const QString& nome) {
 }
 
 QString TitoloStampa() {
-    const QString nome = NomeDisegnoCorrente.trimmed();
+    return TitoloStampa(NomeDisegnoCorrente);
+}
+
+QString TitoloStampa(const QString& nomeDisegno) {
     return QStringLiteral("NOME DISEGNO:  « ") +
-           (nome.isEmpty() ? QStringLiteral("Non Assegnato") : NomeDisegnoCorrente) +
+           (nomeDisegno.trimmed().isEmpty() ? QStringLiteral("Non Assegnato") : nomeDisegno) +
            QStringLiteral(" »  #   CARTELLA:  « ") + NomeCartellaAttiva + QStringLiteral(" ».");
 }
 

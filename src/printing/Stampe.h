@@ -34,5 +34,6 @@ void StampaDisegno(Superficie& quadro);
 // or end the page is error 482.
 void StampaPagina(QPrinter& stampante, Superficie& quadro, bool sfondoBianco);
 
-// The title line of the printout.
+// The title line of the printout, for the drawing on the canvas or another name.
 QString TitoloStampa();
+QString TitoloStampa(const QString& nomeDisegno);

@@ -31,6 +31,17 @@ inline int16_t RigaDi(const QString& nome) {
     return 0;
 }
 
+// In mode 4: the line of `nome` on the list in front picked and confirmed.
+inline void ScegliRiga(Copione& c, const QString& nome) {
+    c.Esegui([nome] {
+        const int16_t riga = RigaDi(nome);
+        FormScansione* f = FormScansione::InPrimoPiano();
+        for (int i = 0; riga != 0 && f->Motore.TastoCorrente != riga && i < 30; ++i)
+            PremiTasto(Qt::Key_Right);
+    });
+    c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+}
+
 // A rectangle at the centre fixed, and its inside filled `colore`.
 inline void RettangoloColorato(AmbienteDisegno* a, int32_t colore) {
     GuidaDisegno::Premi(a, 103);

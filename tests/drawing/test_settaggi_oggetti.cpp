@@ -27,6 +27,7 @@ namespace {
 
 using GuidaSettaggi::RigaDi;
 using GuidaSettaggi::Scegli;
+using GuidaSettaggi::ScegliRiga;
 
 constexpr int Sosta = 1000;
 constexpr int32_t Rosso = 0x0000FF;
@@ -34,17 +35,6 @@ constexpr int32_t Nero = 0x000000;
 
 int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
     return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
-}
-
-// In mode 4: the line of `nome` picked and confirmed.
-void ScegliRiga(Copione& c, const QString& nome) {
-    c.Esegui([nome] {
-        const int16_t riga = RigaDi(nome);
-        FormScansione* f = FormScansione::InPrimoPiano();
-        for (int i = 0; riga != 0 && f->Motore.TastoCorrente != riga && i < 30; ++i)
-            PremiTasto(Qt::Key_Right);
-    });
-    c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
 }
 
 int32_t CartellaOggetti(const QString& nome) {

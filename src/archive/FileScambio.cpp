@@ -1,0 +1,189 @@
+#include "archive/FileScambio.h"
+
+#include "archive/IstruzioniArchivio.h"
+#include "archive/RigheAzioni.h"
+#include "archive/Schema.h"
+#include "start/MappaErrori.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSet>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QUuid>
+
+#include <cstdio>
+
+namespace {
+
+// Far beyond any real drawing; a larger file is not read at all.
+constexpr qint64 MassimoFile = qint64(512) * 1024 * 1024;
+constexpr qint64 MassimoImmagine = qint64(64) * 1024 * 1024;
+constexpr int MassimoImmagini = 4096;
+const QString Programma = QStringLiteral("ZANTO");
+
+// A connection of its own for one file, gone when it goes.
+class Connessione {
+public:
+    Connessione(const QString& percorso, bool soloLettura)
+        : nome_(QStringLiteral("scambio-") + QUuid::createUuid().toString()) {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nome_);
+        db.setDatabaseName(percorso);
+        if (soloLettura) db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+    }
+    ~Connessione() {
+        {
+            QSqlDatabase db = QSqlDatabase::database(nome_, false);
+            db.close();
+        }
+        QSqlDatabase::removeDatabase(nome_);
+    }
+    Connessione(const Connessione&) = delete;
+    Connessione& operator=(const Connessione&) = delete;
+    QSqlDatabase Db() const { return QSqlDatabase::database(nome_, false); }
+    const QString& Nome() const { return nome_; }
+
+private:
+    QString nome_;
+};
+
+void Sql(const QSqlDatabase& db, const QString& testo) {
+    QSqlQuery q = Prepara(db, testo);
+    Esegui(q);
+}
+
+[[noreturn]] void Rifiuta(const QString& motivo) {
+    throw ScambioRifiutato{motivo};
+}
+
+} // namespace
+
+QList<ImmagineScambio> ImmaginiNominate(const QList<RecordAzione>& azioni, int32_t numero) {
+    QList<ImmagineScambio> immagini;
+    QSet<QString> viste;
+    for (int32_t i = 1; i <= numero && i < azioni.size(); ++i) {
+        const RecordAzione& a = azioni[i];
+        if (a.TipoAzione != TipiAzione::Immagine || viste.contains(a.NomeFileImmagine)) continue;
+        viste.insert(a.NomeFileImmagine);
+        QFile file(a.NomeFileImmagine);
+        if (file.size() > MassimoImmagine || !file.open(QIODevice::ReadOnly)) continue;
+        immagini.append({a.NomeFileImmagine, file.readAll()});
+    }
+    return immagini;
+}
+
+void ScriviFileScambio(const QString& percorso, const ContenutoScambio& contenuto) {
+    // SQLite writes its own file: it is made whole under a name of its own and
+    // renamed over the old one only then.
+    const QString aParte = percorso + QStringLiteral(".nuovo");
+    QFile::remove(aParte);
+    try {
+        Connessione c(aParte, false);
+        QSqlDatabase db = c.Db();
+        if (!db.open()) throw ErroreSql(db.lastError());
+        db.transaction();
+        Sql(db, QStringLiteral("CREATE TABLE Formato (Versione INTEGER NOT NULL,"
+                               " Programma TEXT NOT NULL)"));
+        Sql(db, QStringLiteral("CREATE TABLE Disegno (NomeDisegno TEXT NOT NULL)"));
+        Sql(db, QStringLiteral("CREATE TABLE TabAzioniDisegno ("
+                               " CodiceDisegno INTEGER NOT NULL, NumAzione SMALLINT NOT NULL, ") +
+                    ColonneAzione() + QStringLiteral(", PRIMARY KEY (CodiceDisegno, NumAzione))"));
+        Sql(db, QStringLiteral("CREATE TABLE Immagini (Nome TEXT PRIMARY KEY NOT NULL,"
+                               " Dati BLOB NOT NULL)"));
+        QSqlQuery formato = Prepara(db, QStringLiteral("INSERT INTO Formato VALUES (?, ?)"));
+        formato.addBindValue(VersioneFileScambio);
+        formato.addBindValue(Programma);
+        Esegui(formato);
+        QSqlQuery nome = Prepara(db, QStringLiteral("INSERT INTO Disegno VALUES (?)"));
+        nome.addBindValue(contenuto.NomeDisegno);
+        Esegui(nome);
+        ScriviRigheAzioni(
+            {c.Nome(), QStringLiteral("TabAzioniDisegno"), QStringLiteral("CodiceDisegno")}, 1,
+            contenuto.Azioni, contenuto.NumeroAzioni);
+        for (const ImmagineScambio& i : contenuto.Immagini) {
+            QSqlQuery q = Prepara(db, QStringLiteral("INSERT INTO Immagini VALUES (?, ?)"));
+            q.addBindValue(i.Nome);
+            q.addBindValue(i.Dati);
+            Esegui(q);
+        }
+        if (!db.commit()) throw ErroreSql(db.lastError());
+    } catch (...) {
+        QFile::remove(aParte);
+        throw;
+    }
+    if (std::rename(QFile::encodeName(aParte).constData(),
+                    QFile::encodeName(percorso).constData()) != 0) {
+        QFile::remove(aParte);
+        throw ErroreFile(QFileDevice::RenameError, percorso);
+    }
+}
+
+ContenutoScambio LeggiFileScambio(const QString& percorso) {
+    const QString danneggiato =
+        QStringLiteral("Il file è danneggiato o non è un disegno di ZANTO.");
+    const QFileInfo info(percorso);
+    if (!info.isFile() || info.size() == 0) Rifiuta(danneggiato);
+    if (info.size() > MassimoFile) Rifiuta(QStringLiteral("Il file è troppo grande."));
+    // SQLite would take a text file for an empty archive: the header first.
+    {
+        QFile file(percorso);
+        if (!file.open(QIODevice::ReadOnly) || !file.read(16).startsWith("SQLite format 3"))
+            Rifiuta(danneggiato);
+    }
+    Connessione c(percorso, true);
+    QSqlDatabase db = c.Db();
+    if (!db.open()) Rifiuta(danneggiato);
+    ContenutoScambio letto;
+    try {
+        QSqlQuery controllo(db);
+        if (!controllo.exec(QStringLiteral("PRAGMA quick_check")) || !controllo.next() ||
+            controllo.value(0).toString() != QStringLiteral("ok"))
+            Rifiuta(danneggiato);
+        controllo.finish();
+
+        QSqlQuery formato(db);
+        if (!formato.exec(QStringLiteral("SELECT Versione, Programma FROM Formato")) ||
+            !formato.next())
+            Rifiuta(danneggiato);
+        if (LeggiTesto(formato.value(1), QStringLiteral("Programma")) != Programma)
+            Rifiuta(danneggiato);
+        const int64_t versione =
+            LeggiIntero(formato.value(0), QStringLiteral("Versione"),
+                        std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max());
+        if (versione > VersioneFileScambio)
+            Rifiuta(QStringLiteral("Il disegno è stato salvato da una versione più recente "
+                                   "di ZANTO."));
+        if (versione < 1 || formato.next()) Rifiuta(danneggiato);
+        formato.finish();
+
+        QSqlQuery testa(db);
+        if (!testa.exec(QStringLiteral("SELECT NomeDisegno FROM Disegno")) || !testa.next())
+            Rifiuta(danneggiato);
+        letto.NomeDisegno = LeggiTesto(testa.value(0), QStringLiteral("NomeDisegno"));
+        if (testa.next()) Rifiuta(danneggiato);
+        testa.finish();
+
+        LeggiRigheAzioni(
+            {c.Nome(), QStringLiteral("TabAzioniDisegno"), QStringLiteral("CodiceDisegno")}, 1,
+            letto.Azioni, letto.NumeroAzioni);
+        if (letto.NumeroAzioni < 1) Rifiuta(danneggiato);
+
+        QSqlQuery immagini(db);
+        if (!immagini.exec(QStringLiteral("SELECT Nome, length(Dati), Dati FROM Immagini")))
+            Rifiuta(danneggiato);
+        while (immagini.next()) {
+            if (letto.Immagini.size() >= MassimoImmagini) Rifiuta(danneggiato);
+            if (immagini.value(1).toLongLong() > MassimoImmagine) Rifiuta(danneggiato);
+            const QVariant dati = immagini.value(2);
+            if (dati.typeId() != QMetaType::QByteArray) Rifiuta(danneggiato);
+            letto.Immagini.append(
+                {LeggiTesto(immagini.value(0), QStringLiteral("Nome")), dati.toByteArray()});
+        }
+        if (immagini.lastError().isValid()) Rifiuta(danneggiato);
+    } catch (const ErroreZanto&) {
+        // A value of the wrong type or out of its range: the file is not ours.
+        Rifiuta(danneggiato);
+    }
+    return letto;
+}

@@ -1,0 +1,153 @@
+#include "archive/ImportaScambio.h"
+
+#include "archive/Archivi.h"
+#include "archive/ArchivioAzioni.h"
+#include "archive/BitmapDisegni.h"
+#include "archive/IstruzioniArchivio.h"
+#include "archive/RigheAzioni.h"
+#include "model/StatoAmbiente.h"
+#include "model/Superficie.h"
+#include "model/TracciaAzioni.h"
+#include "start/GestioneErrori.h"
+#include "start/MappaErrori.h"
+#include "start/MenuGenerale.h"
+#include "start/Utilita.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QSaveFile>
+#include <QSqlQuery>
+
+#include <optional>
+
+namespace {
+
+// The pictures the program reads; any other name is given one of these.
+bool EstensioneNota(const QString& suffisso) {
+    static const QStringList note = {QStringLiteral("bmp"), QStringLiteral("jpg"),
+                                     QStringLiteral("jpeg"), QStringLiteral("png"),
+                                     QStringLiteral("gif")};
+    return note.contains(suffisso.toLower());
+}
+
+QByteArray Contenuto(const QString& percorso) {
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return file.readAll();
+}
+
+} // namespace
+
+QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeNelFile,
+                               const QByteArray& dati) {
+    // Whatever separators the name holds, only its last part counts.
+    QString nome = nomeNelFile;
+    nome.replace(QChar(u'\\'), QChar(u'/'));
+    nome = nome.section(QChar(u'/'), -1);
+    QString base = QFileInfo(nome).completeBaseName();
+    QString suffisso = QFileInfo(nome).suffix();
+    if (!EstensioneNota(suffisso)) suffisso = QStringLiteral("png");
+    base = NomeSicuro(base, 0);
+    if (base.startsWith(QChar(u'~')) || base.isEmpty()) base = QStringLiteral("immagine");
+    for (int numero = 1;; ++numero) {
+        const QString candidato = numero == 1
+                                      ? base + u'.' + suffisso
+                                      : base + u'-' + QString::number(numero) + u'.' + suffisso;
+        const QString percorso = cartellaFile + u'/' + candidato;
+        if (!QFileInfo::exists(percorso) ||
+            (QFileInfo(percorso).isFile() && Contenuto(percorso) == dati))
+            return percorso;
+    }
+}
+
+int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome) {
+    const QString cartellaFile = PercorsoFile();
+    QStringList copiate;
+    int32_t codice = 0;
+    QString bitmap;
+    std::optional<Transazione> transazione;
+    bool confermato = false;
+    int passiFatti = 0;
+    EseguiPassi({
+        {4700,
+         [&] {
+             // Each picture once, under the path the actions will name.
+             QHash<QString, QString> posti;
+             for (const ImmagineScambio& i : std::as_const(contenuto.Immagini)) {
+                 const QString posto = PostoImmagineImportata(cartellaFile, i.Nome, i.Dati);
+                 if (!QFileInfo::exists(posto)) {
+                     QSaveFile file(posto);
+                     if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), posto);
+                     file.write(i.Dati);
+                     if (!file.commit()) throw ErroreFile(file.error(), posto);
+                     copiate << posto;
+                 }
+                 posti.insert(i.Nome, posto);
+             }
+             for (int32_t n = 1; n <= contenuto.NumeroAzioni; ++n) {
+                 RecordAzione& a = contenuto.Azioni[n];
+                 if (a.TipoAzione != TipiAzione::Immagine) continue;
+                 // A picture the file does not carry is looked for in the files
+                 // folder: a name from elsewhere never leads out of it.
+                 a.NomeFileImmagine =
+                     posti.value(a.NomeFileImmagine,
+                                 PostoImmagineImportata(cartellaFile, a.NomeFileImmagine, {}));
+             }
+             ++passiFatti;
+         }},
+        {4710,
+         [&] {
+             if (passiFatti != 1) return;
+             transazione.emplace(Archivio(ArchivioDisegni));
+             codice = CodiceLiberoMinimo(TipoCodice::Disegno);
+             QSqlQuery q =
+                 Prepara(Archivio(ArchivioDisegni),
+                         QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno,"
+                                        " NomeDisegno, CodiceCartella) VALUES (?, ?, ?)"));
+             q.addBindValue(codice);
+             q.addBindValue(nome);
+             q.addBindValue(CodiceCartellaAttiva);
+             Esegui(q);
+             ScriviRigheAzioni(TabellaAzioniDisegno(), codice, contenuto.Azioni,
+                               contenuto.NumeroAzioni);
+             ++passiFatti;
+         }},
+        {4720,
+         [&] {
+             if (passiFatti != 2) return;
+             // The bitmap the folder's list shows, drawn as the canvas would.
+             Superficie tela(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+             tela.ImpostaScaleMode(ScalaTwips);
+             tela.ImpostaBackColor(ColoreSfondo);
+             tela.FillStyle = 1;
+             TracciaLista(tela, contenuto.Azioni, 1, contenuto.NumeroAzioni);
+             bitmap = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, nome, codice);
+             ScriviBitmapAParte(bitmap, tela.ImmagineBmp());
+             ++passiFatti;
+         }},
+        {4730,
+         [&] {
+             if (passiFatti != 3) return;
+             transazione->Conferma();
+             confermato = true;
+             ++passiFatti;
+         }},
+        {4740,
+         [&] {
+             if (passiFatti != 4) return;
+             SostituisciBitmap(bitmap);
+             ++passiFatti;
+         }},
+    });
+    transazione.reset();
+    if (!confermato) {
+        if (!bitmap.isEmpty()) QFile::remove(PercorsoBitmapNuova(bitmap));
+        for (const QString& copiata : std::as_const(copiate))
+            QFile::remove(copiata);
+        return 0;
+    }
+    // Committed: the drawing stands, and a bitmap left aside is the start's to put in place.
+    return codice;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+class Superficie;
+
+// The four files of an exported drawing, side by side in the files folder.
+struct FileEsportati {
+    QString Png;
+    QString Pdf;
+    QString Svg;
+    QString Scambio;
+    QStringList Tutti() const { return {Png, Pdf, Svg, Scambio}; }
+};
+
+// Where a drawing named `nome` is exported: its name made safe, so that no
+// name ever leads outside the files folder.
+FileEsportati PercorsiEsportazione(const QString& nome, int32_t codice);
+// Whether any of them is there already.
+bool EsportazioneEsistente(const FileEsportati& file);
+
+// Writes the drawing of Azioni as a PNG of the canvas, a PDF page laid out as
+// the printout and an SVG, both drawn as shapes, and an exchange file with its
+// pictures. Each file is written aside and renamed into place. Throws ErroreZanto.
+void EsportaDisegno(const FileEsportati& file, const Superficie& tela, const QString& nome);
