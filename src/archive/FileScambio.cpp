@@ -125,11 +125,19 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
     const QFileInfo info(percorso);
     if (!info.isFile() || info.size() == 0) Rifiuta(danneggiato);
     if (info.size() > MassimoFile) Rifiuta(QStringLiteral("Il file è troppo grande."));
-    // SQLite would take a text file for an empty archive: the header first.
+    // SQLite would take a text file for an empty archive, and a file cut short
+    // on a page boundary for a smaller one: the header first, whose page size
+    // and page count must give the file's own size.
     {
         QFile file(percorso);
-        if (!file.open(QIODevice::ReadOnly) || !file.read(16).startsWith("SQLite format 3"))
+        const QByteArray testa = file.open(QIODevice::ReadOnly) ? file.read(100) : QByteArray();
+        if (testa.size() < 100 || !testa.startsWith(QByteArrayLiteral("SQLite format 3\0")))
             Rifiuta(danneggiato);
+        const auto byte = [&](int i) { return quint32(quint8(testa.at(i))); };
+        quint32 pagina = byte(16) << 8 | byte(17);
+        if (pagina == 1) pagina = 65536;
+        const quint32 pagine = byte(28) << 24 | byte(29) << 16 | byte(30) << 8 | byte(31);
+        if (pagina < 512 || qint64(pagina) * pagine != info.size()) Rifiuta(danneggiato);
     }
     Connessione c(percorso, true);
     QSqlDatabase db = c.Db();
