@@ -18,6 +18,7 @@
 #include "start/Bip.h"
 #include "start/MenuGenerale.h"
 #include "support/Copione.h"
+#include "support/Sonde.h"
 
 #include "../printing/PaginaStampata.h"
 
@@ -164,6 +165,7 @@ class ProvaEsportaImporta : public QObject, MondoDisegno {
     void Importa(const QString& file, const std::function<void(Copione&)>& dopo) {
         Copione c(*orologio);
         Scegli(c, 145);
+        c.Esegui([] { Schermata(FormScansione::InPrimoPiano(), QStringLiteral("importa-lista")); });
         ScegliRiga(c, file);
         dopo(c);
         Scegli(c, 140);
