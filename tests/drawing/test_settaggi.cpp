@@ -282,24 +282,34 @@ private slots:
         QCOMPARE(ContatoreBip, 4);
     }
 
-    void importa_ed_esporta_non_sono_operativi() {
+    void importa_ed_esporta_a_mani_libere() {
         a = GuidaDisegno::Apri(4);
-        QString primo;
-        QString secondo = QStringLiteral("-");
+        // Nothing to export on an empty canvas; the import list opens.
+        QString titolo;
         Copione c(*orologio);
-        Scegli(c, 145);
-        c.Esegui([&] { primo = TestoQuadroMessaggi; });
-        c.Tasto(Qt::Key_Return);
         Scegli(c, 146);
-        c.Esegui([&] { secondo = TestoQuadroMessaggi; });
-        c.Tasto(Qt::Key_Return);
+        Scegli(c, 145);
+        c.Esegui([&] { titolo = FormScansione::InPrimoPiano()->windowTitle(); });
+        Scegli(c, 125);
         Scegli(c, 140);
         Settaggi(c);
-        QCOMPARE(primo, TestoTastoNonOperativo);
-        QVERIFY(primo.contains(QStringLiteral("E-Mail")));
-        QCOMPARE(secondo, QString());
-        // Each button's own beep, and the one every message panel gives as it shows.
-        QCOMPARE(ContatoreBip, 4);
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO» - Scelta Disegno da Importare"));
+        QCOMPARE(ContatoreBip, 1);
+        // With something in the hands both refuse.
+        GuidaDisegno::LineaSelezionata(a);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        bool soloIlPannello = true;
+        Copione o(*orologio);
+        for (int16_t tasto : {145, 146}) {
+            Scegli(o, tasto);
+            o.Esegui([&] {
+                soloIlPannello = soloIlPannello && PannelloDavanti<QuadroSettaggi>() != nullptr;
+            });
+        }
+        Scegli(o, 140);
+        Settaggi(o);
+        QVERIFY(soloIlPannello);
+        QCOMPARE(ContatoreBip, 3);
     }
 
     void cartelle_e_lettura_solo_a_mani_libere() {
