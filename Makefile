@@ -4,7 +4,7 @@ BUILD_TEST ?= build-test
 BUILD_BENCH ?= build-bench
 JOBS       ?= $(shell nproc)
 
-.PHONY: run test deps deps-bench configure build build-test bench package format check-format clean
+.PHONY: run test deps deps-bench configure build build-test bench package prova-installazione format check-format clean
 
 deps:
 	@bash scripts/installa-dipendenze.sh
@@ -27,6 +27,11 @@ run: build
 # zanto_<version>_<arch>.deb in $(BUILD).
 package: configure
 	@cmake --build $(BUILD) -j $(JOBS) --target package
+
+# The package installed into a clean Debian 12 root and started from its menu entry.
+prova-installazione: package
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) bash scripts/prova-installazione.sh \
+	   $$(ls -t $(BUILD)/zanto_*.deb | head -n 1)
 
 build-test: deps
 	@cmake -S . -B $(BUILD_TEST) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DZANTO_SANITIZE=ON >/dev/null
