@@ -14,7 +14,11 @@ sbaglio() {
 # headers: the quickest to compile, and the contents of the package are the same.
 cmake -S "$sorgente" -B "$costruzione" -G "$generatore" -DCMAKE_CXX_COMPILER="$compilatore" \
   -DCMAKE_BUILD_TYPE= -DZANTO_TESTS=OFF -DZANTO_SANITIZE=OFF -DZANTO_PCH=ON >/dev/null
-cmake --build "$costruzione" --target package >/dev/null
+registro="$costruzione/pacchetto.log"
+cmake --build "$costruzione" --target package >"$registro" 2>&1 || {
+  cat "$registro" >&2
+  exit 1
+}
 
 versione=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$costruzione/CMakeCache.txt")
 deb="$costruzione/zanto_${versione}_$(dpkg --print-architecture).deb"
