@@ -4,7 +4,7 @@ BUILD_TEST ?= build-test
 BUILD_BENCH ?= build-bench
 JOBS       ?= $(shell nproc)
 
-.PHONY: run test deps deps-bench build build-test bench format check-format clean
+.PHONY: run test deps deps-bench configure build build-test bench package prova-installazione format check-format clean
 
 deps:
 	@bash scripts/installa-dipendenze.sh
@@ -13,12 +13,25 @@ deps:
 deps-bench: deps
 	@bash scripts/installa-dipendenze.sh scripts/pacchetti-bench.txt
 
-build: deps
-	@cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-	@cmake --build $(BUILD) -j $(JOBS)
+# The program's own build: no tests, and only what `make run` starts.
+configure: deps
+	@cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZANTO_TESTS=OFF >/dev/null
 
+build: configure
+	@cmake --build $(BUILD) -j $(JOBS) --target zanto zanto-installa
+
+# The launcher makes the data folder on first use, as the installed one does.
 run: build
-	@bash scripts/avvia.sh $(BUILD)
+	@$(BUILD)/zanto-avvio
+
+# zanto_<version>_<arch>.deb in $(BUILD).
+package: configure
+	@cmake --build $(BUILD) -j $(JOBS) --target package
+
+# The package installed into a clean Debian 12 root and started from its menu entry.
+prova-installazione: package
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) bash scripts/prova-installazione.sh \
+	   $$(ls -t $(BUILD)/zanto_*.deb | head -n 1)
 
 build-test: deps
 	@cmake -S . -B $(BUILD_TEST) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DZANTO_SANITIZE=ON >/dev/null
