@@ -2,9 +2,11 @@
 
 #include "model/RecordAzione.h"
 
+#include <QImage>
 #include <QList>
 #include <QRandomGenerator>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -13,6 +15,15 @@
 
 inline constexpr int NumeroDiAzioni = 5000;
 inline constexpr int OgniQuanteUnaColorazione = 50; // 100 fills in all
+
+// The picture the drawing's picture actions name, written into `cartella`;
+// empty when it could not be written.
+inline QString FiguraDiProva(const QTemporaryDir& cartella) {
+    QImage immagine(64, 48, QImage::Format_RGB32);
+    immagine.fill(QColor(30, 120, 200));
+    const QString figura = cartella.filePath(QStringLiteral("figura.png"));
+    return immagine.save(figura) ? figura : QString();
+}
 
 inline QList<RecordAzione> Disegno(const QString& figura) {
     QRandomGenerator caso(2024);

@@ -22,10 +22,8 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QTemporaryDir cartella;
-    QImage immagine(64, 48, QImage::Format_RGB32);
-    immagine.fill(QColor(30, 120, 200));
-    const QString figura = cartella.filePath(QStringLiteral("figura.png"));
-    if (!immagine.save(figura)) return 1;
+    const QString figura = FiguraDiProva(cartella);
+    if (figura.isEmpty()) return 1;
 
     // No ring: the panel is not shown, and mode 4 starts none after a key.
     ModalitàFunzionamento = 4;

@@ -26,10 +26,8 @@ int main(int argc, char** argv) {
     QTemporaryDir cartella;
     if (!PreparaDatiBench(cartella)) return 1;
     ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti());
-    QImage immagine(64, 48, QImage::Format_RGB32);
-    immagine.fill(QColor(30, 120, 200));
-    const QString figura = cartella.filePath(QStringLiteral("figura.png"));
-    if (!immagine.save(figura)) return 1;
+    const QString figura = FiguraDiProva(cartella);
+    if (figura.isEmpty()) return 1;
     const QList<RecordAzione> disegno = Disegno(figura);
 
     constexpr int Oggetto = 1000;

@@ -13,7 +13,9 @@
 #include <QSqlQuery>
 #include <QUuid>
 
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -22,6 +24,32 @@ constexpr qint64 MassimoFile = qint64(512) * 1024 * 1024;
 constexpr qint64 MassimoImmagine = qint64(64) * 1024 * 1024;
 constexpr int MassimoImmagini = 4096;
 const QString Programma = QStringLiteral("ZANTO");
+
+// The tables of the file, as written and as the reader demands them word for
+// word: a file with views, triggers or tables of its own is not one of ours.
+QList<std::pair<QString, QString>> Tabelle() {
+    return {
+        {QStringLiteral("Formato"),
+         QStringLiteral("CREATE TABLE Formato (Versione INTEGER NOT NULL,"
+                        " Programma TEXT NOT NULL)")},
+        {QStringLiteral("Disegno"),
+         QStringLiteral("CREATE TABLE Disegno (NomeDisegno TEXT NOT NULL)")},
+        {QStringLiteral("TabAzioniDisegno"),
+         QStringLiteral("CREATE TABLE TabAzioniDisegno ("
+                        " CodiceDisegno INTEGER NOT NULL, NumAzione SMALLINT NOT NULL, ") +
+             ColonneAzione() + QStringLiteral(", PRIMARY KEY (CodiceDisegno, NumAzione))")},
+        {QStringLiteral("Immagini"),
+         QStringLiteral("CREATE TABLE Immagini (Nome TEXT PRIMARY KEY NOT NULL,"
+                        " Dati BLOB NOT NULL)")},
+    };
+}
+
+// Values no screen of the program makes: a text of thousands of lines, a
+// font or a pen far beyond the canvas.
+bool ValoriPossibili(const RecordAzione& a) {
+    return a.SizeFont >= 0 && a.SizeFont <= 1000 && a.SpessLinea >= 0 && a.SpessLinea <= 1000 &&
+           a.Testo.size() <= 65535 && a.Testo.count(u'\n') <= 1000;
+}
 
 // A connection of its own for one file, gone when it goes.
 class Connessione {
@@ -83,14 +111,8 @@ void ScriviFileScambio(const QString& percorso, const ContenutoScambio& contenut
         QSqlDatabase db = c.Db();
         if (!db.open()) throw ErroreSql(db.lastError());
         db.transaction();
-        Sql(db, QStringLiteral("CREATE TABLE Formato (Versione INTEGER NOT NULL,"
-                               " Programma TEXT NOT NULL)"));
-        Sql(db, QStringLiteral("CREATE TABLE Disegno (NomeDisegno TEXT NOT NULL)"));
-        Sql(db, QStringLiteral("CREATE TABLE TabAzioniDisegno ("
-                               " CodiceDisegno INTEGER NOT NULL, NumAzione SMALLINT NOT NULL, ") +
-                    ColonneAzione() + QStringLiteral(", PRIMARY KEY (CodiceDisegno, NumAzione))"));
-        Sql(db, QStringLiteral("CREATE TABLE Immagini (Nome TEXT PRIMARY KEY NOT NULL,"
-                               " Dati BLOB NOT NULL)"));
+        for (const auto& [nome, creazione] : Tabelle())
+            Sql(db, creazione);
         QSqlQuery formato = Prepara(db, QStringLiteral("INSERT INTO Formato VALUES (?, ?)"));
         formato.addBindValue(VersioneFileScambio);
         formato.addBindValue(Programma);
@@ -138,12 +160,34 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
         if (pagina == 1) pagina = 65536;
         const quint32 pagine = byte(28) << 24 | byte(29) << 16 | byte(30) << 8 | byte(31);
         if (pagina < 512 || qint64(pagina) * pagine != info.size()) Rifiuta(danneggiato);
+        // A file in WAL mode would make a reader write beside it.
+        if (byte(18) != 1 || byte(19) != 1) Rifiuta(danneggiato);
     }
     Connessione c(percorso, true);
     QSqlDatabase db = c.Db();
     if (!db.open()) Rifiuta(danneggiato);
     ContenutoScambio letto;
     try {
+        {
+            QSqlQuery schema(db);
+            if (!schema.exec(QStringLiteral("SELECT type, name, sql FROM sqlite_master")))
+                Rifiuta(danneggiato);
+            const auto attese = Tabelle();
+            int trovate = 0;
+            while (schema.next()) {
+                const QString tipo = schema.value(0).toString();
+                const QString nome = schema.value(1).toString();
+                if (tipo == QStringLiteral("index") && schema.value(2).isNull() &&
+                    nome.startsWith(QStringLiteral("sqlite_autoindex_")))
+                    continue;
+                const auto attesa = std::find_if(attese.begin(), attese.end(), [&](const auto& t) {
+                    return t.first == nome && t.second == schema.value(2).toString();
+                });
+                if (tipo != QStringLiteral("table") || attesa == attese.end()) Rifiuta(danneggiato);
+                ++trovate;
+            }
+            if (trovate != attese.size()) Rifiuta(danneggiato);
+        }
         QSqlQuery controllo(db);
         if (!controllo.exec(QStringLiteral("PRAGMA quick_check")) || !controllo.next() ||
             controllo.value(0).toString() != QStringLiteral("ok"))
@@ -176,6 +220,8 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
             {c.Nome(), QStringLiteral("TabAzioniDisegno"), QStringLiteral("CodiceDisegno")}, 1,
             letto.Azioni, letto.NumeroAzioni);
         if (letto.NumeroAzioni < 1) Rifiuta(danneggiato);
+        for (int32_t i = 1; i <= letto.NumeroAzioni; ++i)
+            if (!ValoriPossibili(letto.Azioni.at(i))) Rifiuta(danneggiato);
 
         QSqlQuery immagini(db);
         if (!immagini.exec(QStringLiteral("SELECT Nome, length(Dati), Dati FROM Immagini")))

@@ -40,8 +40,7 @@ QByteArray Contenuto(const QString& percorso) {
 
 } // namespace
 
-QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeNelFile,
-                               const QByteArray& dati) {
+QString NomeImmagineSicuro(const QString& nomeNelFile) {
     // Whatever separators the name holds, only its last part counts.
     QString nome = nomeNelFile;
     nome.replace(QChar(u'\\'), QChar(u'/'));
@@ -51,13 +50,22 @@ QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeN
     if (!EstensioneNota(suffisso)) suffisso = QStringLiteral("png");
     base = NomeSicuro(base, 0);
     if (base.startsWith(QChar(u'~')) || base.isEmpty()) base = QStringLiteral("immagine");
+    return base + u'.' + suffisso;
+}
+
+QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeNelFile,
+                               const QByteArray& dati) {
+    const QString nome = NomeImmagineSicuro(nomeNelFile);
+    const QString base = QFileInfo(nome).completeBaseName();
+    const QString suffisso = QFileInfo(nome).suffix();
     for (int numero = 1;; ++numero) {
-        const QString candidato = numero == 1
-                                      ? base + u'.' + suffisso
-                                      : base + u'-' + QString::number(numero) + u'.' + suffisso;
+        const QString candidato =
+            numero == 1 ? nome : base + u'-' + QString::number(numero) + u'.' + suffisso;
         const QString percorso = cartellaFile + u'/' + candidato;
-        if (!QFileInfo::exists(percorso) ||
-            (QFileInfo(percorso).isFile() && Contenuto(percorso) == dati))
+        const QFileInfo esistente(percorso);
+        if (!esistente.exists()) return percorso;
+        // Only a file of the same size can hold the same bytes.
+        if (esistente.isFile() && esistente.size() == dati.size() && Contenuto(percorso) == dati)
             return percorso;
     }
 }
@@ -90,10 +98,13 @@ int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome
                  RecordAzione& a = contenuto.Azioni[n];
                  if (a.TipoAzione != TipiAzione::Immagine) continue;
                  // A picture the file does not carry is looked for in the files
-                 // folder: a name from elsewhere never leads out of it.
+                 // folder under its own name: a name from elsewhere never leads
+                 // out of it.
+                 const auto posto = posti.constFind(a.NomeFileImmagine);
                  a.NomeFileImmagine =
-                     posti.value(a.NomeFileImmagine,
-                                 PostoImmagineImportata(cartellaFile, a.NomeFileImmagine, {}));
+                     posto != posti.constEnd()
+                         ? *posto
+                         : cartellaFile + u'/' + NomeImmagineSicuro(a.NomeFileImmagine);
              }
              ++passiFatti;
          }},

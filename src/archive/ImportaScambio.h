@@ -6,6 +6,10 @@
 
 #include <cstdint>
 
+// The file name a picture of a drawing that travels is given in the files
+// folder: the last part of its name, made safe, with a picture's extension.
+QString NomeImmagineSicuro(const QString& nomeNelFile);
+
 // Where a picture of a drawing that travels lands in the files folder: its own
 // file name made safe, never a path outside the folder, and never over a
 // different file of the same name (a number is added instead). A file with

@@ -9,6 +9,7 @@
 #include "start/GestioneErrori.h"
 #include "start/MenuGenerale.h"
 #include "start/Misure.h"
+#include "start/ScrittaModulo.h"
 
 #include <QCursor>
 #include <QGroupBox>
@@ -39,12 +40,7 @@ const char* const ScritteRapide[4] = {"Scelta rapida: « F6 »", "Scelta rapida 
                                       "Scelta rapida: « F11 »", "Scelta rapida: « F12 »"};
 
 QLabel* Titolo(QWidget* genitore, const QString& testo, const QRect& posto, int punti) {
-    auto* l = new QLabel(testo, genitore);
-    l->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    QFont f(QStringLiteral("Arial"), punti);
-    f.setBold(true);
-    l->setFont(f);
-    return l;
+    return ScrittaModulo(genitore, testo, posto, punti, true);
 }
 
 QRadioButton* Opzione(QWidget* genitore, const QString& testo, const QRect& posto) {

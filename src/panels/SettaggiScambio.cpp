@@ -85,7 +85,18 @@ void QuadroSettaggi::Esporta() {
         // Left without a name, the ring stands still until the next pick.
         if (nome.isEmpty()) return;
         file = PercorsiEsportazione(nome, conNome ? CodiceDisegnoCorrente : 0);
-        if (!EsportazioneEsistente(file)) break;
+        const StatoEsportazione stato = EsportazioneEsistente(file);
+        if (stato == StatoEsportazione::Libera) break;
+        if (stato == StatoEsportazione::Occupata) {
+            // Some other file, perhaps a picture of this very drawing: never covered.
+            Avviso({QStringLiteral("ATTENZIONE! Nella cartella dei File c'è già"),
+                    QStringLiteral("un file di nome « ") + QFileInfo(file.Png).completeBaseName() +
+                        QStringLiteral(" »."),
+                    QStringLiteral("Scrivere un altro nome per il Disegno esportato."),
+                    QStringLiteral("Premere «OK» per continuare!")});
+            nome = NomeSullaTastiera();
+            continue;
+        }
         ParcheggiaMouse();
         const int16_t esito =
             Messaggio(Righe({QStringLiteral("ATTENZIONE! Un Disegno con questo nome"),

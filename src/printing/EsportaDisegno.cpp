@@ -10,8 +10,11 @@
 #include "start/MappaErrori.h"
 #include "start/Utilita.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <cstdio>
 
 FileEsportati PercorsiEsportazione(const QString& nome, int32_t codice) {
     const QString base = PercorsoFile() + u'/' + NomeSicuro(nome, codice);
@@ -19,25 +22,46 @@ FileEsportati PercorsiEsportazione(const QString& nome, int32_t codice) {
             base + QStringLiteral(".svg"), base + EstensioneScambio};
 }
 
-bool EsportazioneEsistente(const FileEsportati& file) {
-    for (const QString& percorso : file.Tutti())
-        if (QFileInfo::exists(percorso)) return true;
-    return false;
+StatoEsportazione EsportazioneEsistente(const FileEsportati& file) {
+    bool presente = false;
+    for (const QString& percorso : file.Tutti()) {
+        if (!QFileInfo::exists(percorso)) continue;
+        presente = true;
+        for (int32_t i = 1; i <= NumeroAzioni && i < Azioni.size(); ++i)
+            if (Azioni.at(i).TipoAzione == TipiAzione::Immagine &&
+                QFileInfo(Azioni.at(i).NomeFileImmagine) == QFileInfo(percorso))
+                return StatoEsportazione::Occupata;
+    }
+    if (!presente) return StatoEsportazione::Libera;
+    return QFileInfo(file.Scambio).isFile() ? StatoEsportazione::GiaEsportata
+                                            : StatoEsportazione::Occupata;
 }
 
 void EsportaDisegno(const FileEsportati& file, const Superficie& tela, const QString& nome) {
-    {
-        QSaveFile png(file.Png);
-        if (!png.open(QIODevice::WriteOnly)) throw ErroreFile(png.error(), file.Png);
-        if (!tela.Immagine().save(&png, "PNG")) throw ErroreFile(QFileDevice::WriteError, file.Png);
-        if (!png.commit()) throw ErroreFile(png.error(), file.Png);
+    const auto aParte = [](const QString& percorso) { return percorso + QStringLiteral(".nuovo"); };
+    try {
+        {
+            QSaveFile png(aParte(file.Png));
+            if (!png.open(QIODevice::WriteOnly)) throw ErroreFile(png.error(), file.Png);
+            if (!tela.Immagine().save(&png, "PNG"))
+                throw ErroreFile(QFileDevice::WriteError, file.Png);
+            if (!png.commit()) throw ErroreFile(png.error(), file.Png);
+        }
+        EsportaPdf(aParte(file.Pdf), TitoloStampa(nome), Azioni, NumeroAzioni, ColoreSfondo);
+        EsportaSvg(aParte(file.Svg), nome, Azioni, NumeroAzioni, ColoreSfondo);
+        ContenutoScambio contenuto;
+        contenuto.NomeDisegno = nome;
+        contenuto.Azioni = Azioni;
+        contenuto.NumeroAzioni = NumeroAzioni;
+        contenuto.Immagini = ImmaginiNominate(Azioni, NumeroAzioni);
+        ScriviFileScambio(aParte(file.Scambio), contenuto);
+        for (const QString& percorso : file.Tutti())
+            if (std::rename(QFile::encodeName(aParte(percorso)).constData(),
+                            QFile::encodeName(percorso).constData()) != 0)
+                throw ErroreFile(QFileDevice::RenameError, percorso);
+    } catch (...) {
+        for (const QString& percorso : file.Tutti())
+            QFile::remove(aParte(percorso));
+        throw;
     }
-    EsportaPdf(file.Pdf, TitoloStampa(nome), Azioni, NumeroAzioni, ColoreSfondo);
-    EsportaSvg(file.Svg, nome, Azioni, NumeroAzioni, ColoreSfondo);
-    ContenutoScambio contenuto;
-    contenuto.NomeDisegno = nome;
-    contenuto.Azioni = Azioni;
-    contenuto.NumeroAzioni = NumeroAzioni;
-    contenuto.Immagini = ImmaginiNominate(Azioni, NumeroAzioni);
-    ScriviFileScambio(file.Scambio, contenuto);
 }

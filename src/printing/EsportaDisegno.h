@@ -19,10 +19,15 @@ struct FileEsportati {
 // Where a drawing named `nome` is exported: its name made safe, so that no
 // name ever leads outside the files folder.
 FileEsportati PercorsiEsportazione(const QString& nome, int32_t codice);
-// Whether any of them is there already.
-bool EsportazioneEsistente(const FileEsportati& file);
+// Whether the names are free; taken by an earlier export of that name (its
+// exchange file is there), which may be written over; or taken by some other
+// file, a picture of the drawing itself among them, which never is.
+enum class StatoEsportazione { Libera, GiaEsportata, Occupata };
+StatoEsportazione EsportazioneEsistente(const FileEsportati& file);
 
 // Writes the drawing of Azioni as a PNG of the canvas, a PDF page laid out as
 // the printout and an SVG, both drawn as shapes, and an exchange file with its
-// pictures. Each file is written aside and renamed into place. Throws ErroreZanto.
+// pictures. All four are written aside first and renamed into place only
+// when all four are whole: a failure leaves the earlier files as they were.
+// Throws ErroreZanto.
 void EsportaDisegno(const FileEsportati& file, const Superficie& tela, const QString& nome);

@@ -7,6 +7,7 @@
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
 #include "start/Misure.h"
+#include "start/ScrittaModulo.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -15,27 +16,13 @@
 #include <QListWidget>
 #include <QPushButton>
 
-namespace {
-
-QLabel* Scritta(QWidget* genitore, const QString& testo, const QRect& posto, int punti,
-                bool grassetto) {
-    auto* l = new QLabel(testo, genitore);
-    l->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    QFont f(QStringLiteral("Arial"), punti);
-    f.setBold(grassetto);
-    l->setFont(f);
-    return l;
-}
-
-} // namespace
-
 SceltaStampanti::SceltaStampanti() {
     setObjectName(QStringLiteral("SceltaStampanti"));
     setWindowTitle(QStringLiteral("Programma «ZANTO» - SCELTA STAMPANTE"));
     setFixedSize(Px(7200), Px(5700));
     setModal(true);
 
-    Scritta(this, QStringLiteral("ELENCO STAMPANTI"), QRect(240, 120, 6720, 400), 12, true)
+    ScrittaModulo(this, QStringLiteral("ELENCO STAMPANTI"), QRect(240, 120, 6720, 400), 12, true)
         ->setAlignment(Qt::AlignCenter);
     ListaStampanti = new QListWidget(this);
     ListaStampanti->setObjectName(QStringLiteral("ListaStampanti"));
@@ -46,20 +33,23 @@ SceltaStampanti::SceltaStampanti() {
     connect(ListaStampanti, &QListWidget::currentTextChanged, this, [this](const QString& nome) {
         if (!attivando_) ScrittaStampanteAttiva->setText(nome);
     });
+    connect(ListaStampanti, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* riga) { ScrittaStampanteAttiva->setText(riga->text()); });
     connect(ListaStampanti, &QListWidget::itemDoubleClicked, this,
             [this] { EseguiProtetto([this] { Conferma(); }); });
 
-    Scritta(this, QStringLiteral("Stampante attiva:"), QRect(240, 2800, 2100, 400), 10, true);
-    ScrittaStampanteAttiva = Scritta(this, {}, QRect(2400, 2760, 4560, 480), 10, false);
+    ScrittaModulo(this, QStringLiteral("Stampante attiva:"), QRect(240, 2800, 2100, 400), 10, true);
+    ScrittaStampanteAttiva = ScrittaModulo(this, {}, QRect(2400, 2760, 4560, 480), 10, false);
     ScrittaStampanteAttiva->setObjectName(QStringLiteral("ScrittaStampanteAttiva"));
     ScrittaStampanteAttiva->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     ScrittaStampanteAttiva->setTextFormat(Qt::PlainText);
 
-    Scritta(this, QStringLiteral("NOTA:"), QRect(240, 3400, 900, 400), 9, true);
-    auto* nota = Scritta(this,
-                         QStringLiteral("Evidenziare il nome di una Stampante e premere Invio per "
-                                        "renderla attiva."),
-                         QRect(1140, 3400, 5820, 700), 9, false);
+    ScrittaModulo(this, QStringLiteral("NOTA:"), QRect(240, 3400, 900, 400), 9, true);
+    auto* nota =
+        ScrittaModulo(this,
+                      QStringLiteral("Evidenziare il nome di una Stampante e premere Invio per "
+                                     "renderla attiva."),
+                      QRect(1140, 3400, 5820, 700), 9, false);
     nota->setWordWrap(true);
 
     const char* const didascalie[3] = {"", "Scegli", "Annulla"};
@@ -135,11 +125,9 @@ bool SceltaStampanti::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == ListaStampanti && evento->type() == QEvent::KeyPress) {
         const int tasto = static_cast<QKeyEvent*>(evento)->key();
         if (tasto == Qt::Key_Return || tasto == Qt::Key_Enter) {
-            EseguiProtetto([this] {
-                if (QListWidgetItem* riga = ListaStampanti->currentItem())
-                    ScrittaStampanteAttiva->setText(riga->text());
-                Conferma();
-            });
+            // The label follows the highlight once it moves: Enter on a list
+            // just opened keeps the active printer, not the first line.
+            EseguiProtetto([this] { Conferma(); });
             return true;
         }
         if (tasto == Qt::Key_Escape) {

@@ -49,11 +49,10 @@ void LeggiConfigurazione() {
         Impostazione<int16_t>(q, "TipoInversioneScansione", 1, 2, I::TipoInversioneScansione);
     TempoLatenzaScansione =
         Impostazione<int32_t>(q, "TempoLatenzaScansione", 500, 5000, I::TempoLatenzaScansione);
+    // Anything but a name is no choice, and neither is an archive not yet
+    // brought up: the system's printer stands.
     const int stampante = q.record().indexOf(QStringLiteral("StampanteScelta"));
-    if (stampante < 0)
-        throw ErroreZanto{3265, QStringLiteral("Campo non trovato: StampanteScelta")};
-    // Anything but a name is no choice: the system's printer stands.
-    const QVariant nome = q.value(stampante);
+    const QVariant nome = stampante < 0 ? QVariant() : q.value(stampante);
     StampanteScelta = nome.typeId() == QMetaType::QString ? nome.toString() : QString();
 }
 

@@ -15,6 +15,7 @@
 #include "start/Configurazione.h"
 #include "start/MappaErrori.h"
 #include "start/Misure.h"
+#include "start/ScrittaModulo.h"
 #include "start/Utilita.h"
 #include "start/VisualizzaInformazioni.h"
 
@@ -38,11 +39,8 @@ std::unique_ptr<MenuGenerale>& Menu() {
 
 QLabel* Scritta(QWidget* genitore, const QString& testo, int sinistra, int alto, int larghezza,
                 int altezza, int punti, bool grassetto) {
-    auto* l = new QLabel(testo, genitore);
-    l->setGeometry(RettangoloTwips(sinistra, alto, larghezza, altezza));
-    QFont f(QStringLiteral("Arial"), punti);
-    f.setBold(grassetto);
-    l->setFont(f);
+    QLabel* l =
+        ScrittaModulo(genitore, testo, QRect(sinistra, alto, larghezza, altezza), punti, grassetto);
     l->setAlignment(Qt::AlignCenter);
     return l;
 }

@@ -9,6 +9,7 @@
 #include "start/GestioneErrori.h"
 #include "start/MenuGenerale.h"
 #include "start/Misure.h"
+#include "start/ScrittaModulo.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -31,11 +32,7 @@ std::unique_ptr<VisualizzaInformazioni>& Modulo() {
 }
 
 QLabel* Scritta(QWidget* genitore, int alto, int altezza, int punti, bool grassetto) {
-    auto* l = new QLabel(genitore);
-    l->setGeometry(RettangoloTwips(405, alto, 13200, altezza));
-    QFont f(QStringLiteral("Arial"), punti);
-    f.setBold(grassetto);
-    l->setFont(f);
+    QLabel* l = ScrittaModulo(genitore, {}, QRect(405, alto, 13200, altezza), punti, grassetto);
     l->setAlignment(Qt::AlignCenter);
     return l;
 }

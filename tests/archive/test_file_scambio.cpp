@@ -144,10 +144,25 @@ private slots:
         QTest::newRow("reale infinito") << "UPDATE TabAzioniDisegno SET XCentro = 1e999";
         QTest::newRow("figura testo") << "UPDATE Immagini SET Dati = 'abc'";
         QTest::newRow("senza tabella") << "DROP TABLE Immagini";
+        QTest::newRow("tabella in piu") << "CREATE TABLE Altra (x)";
+        QTest::newRow("innesco") << "CREATE TRIGGER t AFTER INSERT ON Disegno BEGIN SELECT 1; END";
+        QTest::newRow("modo wal") << "PRAGMA journal_mode = WAL";
+        QTest::newRow("carattere enorme") << "UPDATE TabAzioniDisegno SET SizeFont = 2000000000";
+        QTest::newRow("penna enorme") << "UPDATE TabAzioniDisegno SET SpessLinea = 30000";
     }
     void intestazione_o_righe_fuori_posto() {
         QFETCH(QString, sql);
         Altera(file_, sql);
+        QVERIFY(Rifiuto(file_).contains(QStringLiteral("danneggiato")));
+        // Refused without a journal or a log written beside it.
+        QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList{"prova.zanto"});
+    }
+
+    void una_vista_al_posto_delle_azioni() {
+        Altera(file_, QStringLiteral("CREATE TABLE Copia AS SELECT * FROM TabAzioniDisegno"));
+        Altera(file_, QStringLiteral("DROP TABLE TabAzioniDisegno"));
+        Altera(file_, QStringLiteral("CREATE VIEW TabAzioniDisegno AS SELECT * FROM Copia"));
         QVERIFY(Rifiuto(file_).contains(QStringLiteral("danneggiato")));
     }
 

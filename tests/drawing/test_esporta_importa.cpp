@@ -14,6 +14,7 @@
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
+#include "printing/EsportaDisegno.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
 #include "start/MenuGenerale.h"
@@ -270,6 +271,43 @@ private slots:
         QVERIFY(!QFile::exists(RadiceDati + QStringLiteral("/FUORI.png")));
         QDir file(PercorsoFile());
         QCOMPARE(file.entryList({QStringLiteral("*FUORI*.zanto")}, QDir::Files).size(), 1);
+    }
+
+    void una_figura_del_disegno_non_si_copre_mai() {
+        Disegna();
+        // The drawing's name is its own picture's: the picture stays.
+        NomeDisegnoCorrente = QStringLiteral("sole");
+        const QByteArray figura = Leggi(figura_);
+        QString avviso;
+        Copione c(*orologio);
+        Scegli(c, 146);
+        c.Tasto(Qt::Key_Return);
+        c.Esegui([&] { avviso = TestoQuadroMessaggi; });
+        c.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral("CIELO"));
+        c.Tasto(Qt::Key_Return);
+        Scegli(c, 140);
+        Settaggi(c);
+        QVERIFY2(avviso.contains(QStringLiteral("c'è già")), qPrintable(avviso));
+        QCOMPARE(Leggi(figura_), figura);
+        QVERIFY(QFile::exists(Percorso(QStringLiteral("CIELO.zanto"))));
+        QVERIFY(!QFile::exists(Percorso(QStringLiteral("sole.zanto"))));
+    }
+
+    void un_esportazione_fallita_lascia_i_file_di_prima() {
+        Disegna();
+        const FileEsportati file = PercorsiEsportazione(QStringLiteral("Giardino"), 0);
+        EsportaDisegno(file, a->Quadro, QStringLiteral("Giardino"));
+        const QByteArray png = Leggi(file.Png);
+        // The exchange file cannot be written aside: nothing of the new export stays.
+        QVERIFY(QDir().mkpath(file.Scambio + QStringLiteral(".nuovo.nuovo")));
+        Azioni[1].ColLinea = 0x00FF00;
+        RitracciaTutto(a->Quadro);
+        QVERIFY_THROWS_EXCEPTION(ErroreZanto,
+                                 EsportaDisegno(file, a->Quadro, QStringLiteral("Giardino")));
+        QCOMPARE(Leggi(file.Png), png);
+        for (const QString& percorso : file.Tutti())
+            QVERIFY(!QFile::exists(percorso + QStringLiteral(".nuovo")));
     }
 
     void importa_come_nuovo_disegno_con_ogni_campo() {

@@ -55,7 +55,9 @@ if [ $# -ge 6 ]; then cat "$6" >"$tmp"; else cat >"$tmp"; fi || exit 1
 chmod 644 "$tmp"
 mv "$tmp" "$dest/lavoro-$1.pdf"
 BACKEND
-chmod 755 "$R/bin/backend/zantopdf"
+# Not world-executable: the scheduler runs it as its own user (root when it
+# is root), who can reach the build folder whatever the folders above allow.
+chmod 700 "$R/bin/backend/zantopdf"
 
 cat >"$R/etc/cupsd.conf" <<CONF
 Listen $R/cups.sock
@@ -95,6 +97,6 @@ pgrep -f -n "cupsd -C $R/etc/cupsd.conf" >"$R/cupsd.pid" ||
   pgrep -f -n "cupsd -c $R/etc/cupsd.conf" >"$R/cupsd.pid"
 
 export CUPS_SERVER="$R/cups.sock"
-lpadmin -p ZantoProva -v "zantopdf:$R/uscita" -D "ZANTO PDF di prova" -E 2>/dev/null
-lpadmin -p ZantoSeconda -v "zantopdf:$R/uscita" -D "ZANTO seconda stampante" -E 2>/dev/null
+lpadmin -p ZantoProva -v "zantopdf:$R/uscita" -D "ZANTO PDF di prova" -o printer-error-policy=abort-job -E 2>/dev/null
+lpadmin -p ZantoSeconda -v "zantopdf:$R/uscita" -D "ZANTO seconda stampante" -o printer-error-policy=abort-job -E 2>/dev/null
 lpstat -v

@@ -121,6 +121,22 @@ private slots:
         QCOMPARE(c->ModificheEffettuate, int16_t(0));
     }
 
+    void invio_sulla_lista_appena_aperta_tiene_la_stampante_attiva() {
+        StampanteScelta = QStringLiteral("Aula 2");
+        ConfigurazioniGenerali* c = Configurazioni();
+        QVERIFY(Scegli(c, [&](SceltaStampanti* d) { Premi(d->ListaStampanti, Qt::Key_Return); }));
+        QCOMPARE(StampanteScelta, QStringLiteral("Aula 2"));
+        // A click on the highlighted first line makes it the one confirmed.
+        QVERIFY(Scegli(c, [&](SceltaStampanti* d) {
+            QListWidgetItem* prima = d->ListaStampanti->item(0);
+            QTest::mouseClick(d->ListaStampanti->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              d->ListaStampanti->visualItemRect(prima).center());
+            Premi(d->ListaStampanti, Qt::Key_Return);
+        }));
+        QCOMPARE(StampanteScelta, QStringLiteral("Ufficio"));
+        QCOMPARE(StampanteArchiviata(), QStringLiteral("Ufficio"));
+    }
+
     void il_tasto_di_conferma_ripete_il_nome_dell_etichetta() {
         StampanteScelta = QStringLiteral("Ufficio");
         ConfigurazioniGenerali* c = Configurazioni();

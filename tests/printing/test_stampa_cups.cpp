@@ -51,8 +51,11 @@ class ProvaStampaCups : public QObject, MondoDisegno {
             if (d == nullptr) return;
             for (int i = 0; i < d->ListaStampanti->count(); ++i)
                 righe << d->ListaStampanti->item(i)->text();
-            for (int i = 0; i < righe.indexOf(nome); ++i)
+            // The highlight moved onto the name: the first line is left and reached again.
+            const int riga = int(righe.indexOf(nome));
+            for (int i = 0; i < std::max(riga, 1); ++i)
                 QTest::keyClick(d->ListaStampanti, Qt::Key_Down);
+            if (riga == 0) QTest::keyClick(d->ListaStampanti, Qt::Key_Up);
             QTest::keyClick(d->ListaStampanti, Qt::Key_Return);
             if (QApplication::activeModalWidget() == d) d->reject();
         });
