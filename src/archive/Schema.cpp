@@ -68,15 +68,22 @@ void AggiornaSchemaConfigurazione(QSqlDatabase& db) {
         colonne << info.value(1).toString();
     info.finish();
     // Version 1: the printer chosen on the printer list, empty for the system's own.
-    const bool senzaStampante = !colonne.contains(QStringLiteral("StampanteScelta"));
-    if (letta >= VersioneConfigurazione && !senzaStampante) return;
+    // Version 2: the ring's width and the high-contrast scheme, as defined.
+    const QStringList nuove = {
+        QStringLiteral("StampanteScelta TEXT NOT NULL DEFAULT ''"),
+        QStringLiteral("LarghezzaAnello SMALLINT NOT NULL DEFAULT 1"),
+        QStringLiteral("AltoContrasto SMALLINT NOT NULL DEFAULT 0"),
+    };
+    QStringList mancanti;
+    for (const QString& nuova : nuove)
+        if (!colonne.contains(nuova.section(u' ', 0, 0))) mancanti << nuova;
+    if (letta >= VersioneConfigurazione && mancanti.isEmpty()) return;
 
     // A savepoint nests inside the installer's transaction as well as standing alone.
     Esegui(db, QStringLiteral("SAVEPOINT aggiornamento"));
     try {
-        if (senzaStampante)
-            Esegui(db, QStringLiteral("ALTER TABLE ConfigurazioniGenerali"
-                                      " ADD COLUMN StampanteScelta TEXT NOT NULL DEFAULT ''"));
+        for (const QString& colonna : mancanti)
+            Esegui(db, QStringLiteral("ALTER TABLE ConfigurazioniGenerali ADD COLUMN ") + colonna);
         if (letta < VersioneConfigurazione)
             Esegui(db, QStringLiteral("PRAGMA user_version = %1").arg(VersioneConfigurazione));
         Esegui(db, QStringLiteral("RELEASE aggiornamento"));

@@ -149,6 +149,26 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         if (CaricamentoConfigurazioni != 1) ModificheEffettuate = 1;
     });
 
+    QuadroAccessibilità =
+        Quadro(this, QStringLiteral("ACCESSIBILITÀ"), QRect(8100, 6900, 6750, 1400));
+    const char* const anelli[3] = {"Anello normale", "doppio", "triplo"};
+    for (int i = 0; i < 3; ++i) {
+        OpzioneLarghezzaAnello[i] =
+            Opzione(QuadroAccessibilità, QString::fromUtf8(anelli[i]),
+                    QRect(i == 0 ? 300 : 1400 + i * 1500, 400, i == 0 ? 2500 : 1400, 450));
+        const int16_t larghezza = int16_t(i + 1);
+        connect(OpzioneLarghezzaAnello[i], &QRadioButton::clicked, this,
+                [this, larghezza] { EseguiProtetto([&] { ClickAnello(larghezza); }); });
+    }
+    const char* const contrasti[2] = {"Colori normali", "Alto contrasto (giallo su nero)"};
+    for (int i = 0; i < 2; ++i) {
+        OpzioneContrasto[i] = Opzione(QuadroAccessibilità, QString::fromUtf8(contrasti[i]),
+                                      QRect(i == 0 ? 300 : 2800, 900, i == 0 ? 2500 : 3800, 450));
+        const int16_t contrasto = int16_t(i);
+        connect(OpzioneContrasto[i], &QRadioButton::clicked, this,
+                [this, contrasto] { EseguiProtetto([&] { ClickContrasto(contrasto); }); });
+    }
+
     ScrittaStampante = new QLabel(this);
     ScrittaStampante->setObjectName(QStringLiteral("ScrittaStampante"));
     ScrittaStampante->setGeometry(RettangoloTwips(405, 8600, 14445, 450));
@@ -188,6 +208,8 @@ void ConfigurazioniGenerali::AttivaConfigurazioniGenerali() {
     Scelta = TastoScelta;
     Scansione = TastoScansione;
     Inversione = TipoInversioneScansione;
+    Anello = LarghezzaAnello;
+    Contrasto = AltoContrasto;
     MostraQuadri();
     Colora();
     ImmiTempoLatenzaScans->setText(QString::number(TempoLatenzaScansione));
@@ -230,6 +252,22 @@ void ConfigurazioniGenerali::Colora() {
     ColoraGruppo(OpzioneModalitàFunzionamento, 4, Modo - 1);
     ColoraGruppo(OpzioneTastiSceltaScansione, 2, Scelta - 1);
     ColoraGruppo(OpzioneInversioneScan, 2, Inversione - 1);
+    ColoraGruppo(OpzioneLarghezzaAnello, 3, Anello - 1);
+    ColoraGruppo(OpzioneContrasto, 2, Contrasto);
+}
+
+void ConfigurazioniGenerali::ClickAnello(int16_t larghezza) {
+    if (CaricamentoConfigurazioni == 1) return;
+    Anello = larghezza;
+    ModificheEffettuate = 1;
+    Colora();
+}
+
+void ConfigurazioniGenerali::ClickContrasto(int16_t contrasto) {
+    if (CaricamentoConfigurazioni == 1) return;
+    Contrasto = contrasto;
+    ModificheEffettuate = 1;
+    Colora();
 }
 
 void ConfigurazioniGenerali::ClickModo(int16_t indice) {
@@ -282,6 +320,8 @@ void ConfigurazioniGenerali::Registra() {
     TastoScansione = Scansione;
     TipoInversioneScansione = Inversione;
     TempoLatenzaScansione = int32_t(valore);
+    LarghezzaAnello = Anello;
+    AltoContrasto = Contrasto;
     RegistraConfigurazione();
     ModificheEffettuate = 0;
     if (RegistrazioneSilenziosa == 0) {

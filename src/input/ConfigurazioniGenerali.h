@@ -24,12 +24,18 @@ public:
     int16_t Scelta = 1;
     int16_t Scansione = 2;
     int16_t Inversione = 1;
+    int16_t Anello = 1;
+    int16_t Contrasto = 0;
     int16_t ModificheEffettuate = 0;
     int16_t RegistrazioneSilenziosa = 0;
 
     QRadioButton* OpzioneModalitàFunzionamento[4] = {};
     QRadioButton* OpzioneTastiSceltaScansione[2] = {};
     QRadioButton* OpzioneInversioneScan[2] = {};
+    // The ring as users who see little need it.
+    QGroupBox* QuadroAccessibilità = nullptr;
+    QRadioButton* OpzioneLarghezzaAnello[3] = {};
+    QRadioButton* OpzioneContrasto[2] = {};
     QGroupBox* QuadroTastiSceltaScansione = nullptr;
     QGroupBox* QuadroModalitàInversioneScansione = nullptr;
     QGroupBox* QuadroTempoLatenzaScans = nullptr;
@@ -43,6 +49,8 @@ public:
     void ClickModo(int16_t indice);
     void ClickTasti(int16_t indice);
     void ClickInversione(int16_t indice);
+    void ClickAnello(int16_t larghezza);
+    void ClickContrasto(int16_t contrasto);
     void Registra();
     void Chiudi();
     void Stampante();

@@ -16,8 +16,13 @@ QList<FormScansione*>& FormAperti() {
 
 void Colora(QLabel* corona, uint32_t rgb) {
     QPalette p = corona->palette();
-    p.setColor(QPalette::Window, ColoreRGB(rgb));
+    // High contrast: the ring where the choice would fall is yellow, edged in black.
+    const bool contrasto = AltoContrasto == 1 && rgb == ColoriCorona::Verde;
+    p.setColor(QPalette::Window, ColoreRGB(contrasto ? ColoriCorona::Giallo : rgb));
+    p.setColor(QPalette::WindowText, Qt::black);
     corona->setPalette(p);
+    corona->setFrameStyle(contrasto ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
+    corona->setLineWidth(1);
 }
 } // namespace
 
@@ -70,8 +75,13 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
     for (const DefinizioneTasto& d : tabella) {
         // The ring is made first so that it lies behind its button.
         auto* corona = new QLabel(this);
-        corona->setGeometry(RettangoloTwips(d.Sinistra - margine, d.Alto - margine,
-                                            d.Larghezza + 2 * margine, d.Altezza + 2 * margine));
+        // A wider ring for users who see little: the same ring, standing further out.
+        const int m = margine * std::clamp<int>(LarghezzaAnello, 1, 3);
+        QRect posto =
+            RettangoloTwips(d.Sinistra - m, d.Alto - m, d.Larghezza + 2 * m, d.Altezza + 2 * m);
+        // A wide ring near an edge stops at the form's edge, its frame whole.
+        if (m != margine && testAttribute(Qt::WA_Resized)) posto &= rect();
+        corona->setGeometry(posto);
         corona->setAutoFillBackground(true);
         corona->hide();
         CoroneDi(insieme).insert(d.Indice, corona);

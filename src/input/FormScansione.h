@@ -17,6 +17,7 @@ constexpr uint32_t Verde = 0x00FF00;
 constexpr uint32_t Blu = 0x0000FF;
 constexpr uint32_t Magenta = 0xFF00FF;
 constexpr uint32_t Rosso = 0xFF0000;
+constexpr uint32_t Giallo = 0xFFFF00; // the green ring's colour in high contrast
 } // namespace ColoriCorona
 
 // What every scanning screen has in common: the engine, FocusFix, the key

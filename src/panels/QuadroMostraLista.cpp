@@ -147,11 +147,14 @@ void QuadroMostraLista::ColoraTasto(int16_t indice, uint32_t rgb) {
     if (tasto == nullptr || colori_.value(indice, 0x1000000) == rgb) return;
     colori_.insert(indice, rgb);
     // A style of its own: the platform's style would paint over the colour.
-    tasto->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: black;"
+    // High contrast: the highlighted line black with yellow words.
+    const bool contrasto = AltoContrasto == 1 && rgb == ColoreEvidenza;
+    tasto->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: %2;"
                                         " border: 1px solid #808080; text-align: left;"
                                         " padding: 0px 4px; }"
                                         " QPushButton:disabled { color: #808080; }")
-                             .arg(ColoreRGB(rgb).name()));
+                             .arg(contrasto ? QStringLiteral("#000000") : ColoreRGB(rgb).name(),
+                                  contrasto ? QStringLiteral("#ffff00") : QStringLiteral("black")));
 }
 
 void QuadroMostraLista::AttivaQuadroMostraLista() {

@@ -49,6 +49,14 @@ void LeggiConfigurazione() {
         Impostazione<int16_t>(q, "TipoInversioneScansione", 1, 2, I::TipoInversioneScansione);
     TempoLatenzaScansione =
         Impostazione<int32_t>(q, "TempoLatenzaScansione", 500, 5000, I::TempoLatenzaScansione);
+    // The ring's options are read as defined where an archive lacks them.
+    const auto opzione = [&](const char* nome, int32_t minimo, int32_t massimo) {
+        return q.record().indexOf(QString::fromUtf8(nome)) < 0
+                   ? int16_t(minimo)
+                   : Impostazione<int16_t>(q, nome, minimo, massimo, int16_t(minimo));
+    };
+    LarghezzaAnello = opzione("LarghezzaAnello", 1, 3);
+    AltoContrasto = opzione("AltoContrasto", 0, 1);
     // Anything but a name is no choice, and neither is an archive not yet
     // brought up: the system's printer stands.
     const int stampante = q.record().indexOf(QStringLiteral("StampanteScelta"));
@@ -57,17 +65,19 @@ void LeggiConfigurazione() {
 }
 
 void RegistraConfigurazione() {
-    QSqlQuery q =
-        Prepara(Archivio(ArchivioConfigurazione),
-                QStringLiteral("UPDATE ConfigurazioniGenerali SET"
-                               " \"ModalitàFunzionamento\" = ?,"
-                               " TastoScelta = ?, TastoScansione = ?,"
-                               " TempoLatenzaScansione = ?, TipoInversioneScansione = ?"));
+    QSqlQuery q = Prepara(Archivio(ArchivioConfigurazione),
+                          QStringLiteral("UPDATE ConfigurazioniGenerali SET"
+                                         " \"ModalitàFunzionamento\" = ?,"
+                                         " TastoScelta = ?, TastoScansione = ?,"
+                                         " TempoLatenzaScansione = ?, TipoInversioneScansione = ?,"
+                                         " LarghezzaAnello = ?, AltoContrasto = ?"));
     q.addBindValue(ModalitàFunzionamento);
     q.addBindValue(TastoScelta);
     q.addBindValue(TastoScansione);
     q.addBindValue(TempoLatenzaScansione);
     q.addBindValue(TipoInversioneScansione);
+    q.addBindValue(LarghezzaAnello);
+    q.addBindValue(AltoContrasto);
     Esegui(q);
     if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
     // A new dwell counts on the wait in progress.

@@ -12,6 +12,12 @@ inline int16_t TastoScansione = 2;           // 1 Enter, 2 Space
 inline int16_t TipoInversioneScansione = 1;  // 1 immediate, 2 through a pause
 inline int32_t TempoLatenzaScansione = 1000; // dwell of the ring, ms
 
+// How the ring shows, for users who see little or from afar: its width (1 as
+// defined, 2 double, 3 triple) and a high-contrast scheme (0 off, 1 a yellow
+// ring edged in black, and a black highlight with yellow words on the lists).
+inline int16_t LarghezzaAnello = 1;
+inline int16_t AltoContrasto = 0;
+
 // The printer chosen on the printer list, kept in the same row so that it holds
 // from one run to the next; empty for the system's own.
 inline QString StampanteScelta;
@@ -19,7 +25,7 @@ inline QString StampanteScelta;
 // Reads the row into the globals; an empty table is an error (3021), never a default.
 // A value out of its range or NULL is read as the installer's value for it.
 void LeggiConfigurazione();
-// Writes the five globals to the row.
+// Writes the five globals and the ring's two options to the row.
 void RegistraConfigurazione();
 // Writes StampanteScelta to the row, alone: the printer list stores it as soon
 // as it is confirmed.

@@ -427,6 +427,8 @@ private slots:
         QCOMPARE(TipoInversioneScansione, int16_t(2));
         QCOMPARE(TempoLatenzaScansione, 2500);
         QCOMPARE(StampanteScelta, QString());
+        QCOMPARE(LarghezzaAnello, int16_t(1));
+        QCOMPARE(AltoContrasto, int16_t(0));
         QSqlDatabase db = Archivio(ArchivioConfigurazione);
         QSqlQuery q(db);
         QVERIFY(q.exec(QStringLiteral("PRAGMA user_version")) && q.next());

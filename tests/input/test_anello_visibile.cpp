@@ -1,0 +1,168 @@
+// The ring for users who see little: double and triple width and the
+// high-contrast scheme, on the main menu's rings, the keyboard's rings and the
+// list's highlight; chosen on the configuration form and kept in the archive.
+// At their defaults the rings are as they always were.
+#include "input/ConfigurazioniGenerali.h"
+#include "input/FormScansione.h"
+#include "panels/Elaborazioni.h"
+#include "panels/QuadroMostraLista.h"
+#include "panels/QuadroScriviTesto.h"
+#include "start/Configurazione.h"
+#include "start/MenuGenerale.h"
+#include "start/Misure.h"
+#include "support/Copione.h"
+#include "support/MondoMenu.h"
+#include "support/Sonde.h"
+
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+
+namespace {
+
+// How far the rings of a form stand outside their buttons, in pixels: a ring
+// away from the form's edges, which stop the others. -1 when a ring does not
+// hold its button.
+int Margine(FormScansione& f) {
+    int margine = 0;
+    for (auto it = f.TastiAttivi().cbegin(); it != f.TastiAttivi().cend(); ++it) {
+        const QRect t = it.value()->geometry();
+        const QRect c = f.CoroneAttive().value(it.key())->geometry();
+        if (!c.contains(t)) return -1;
+        margine = std::max(margine, std::min({t.left() - c.left(), t.top() - c.top(),
+                                              c.right() - t.right(), c.bottom() - t.bottom()}));
+    }
+    return margine;
+}
+
+QColor ColoreAnello(FormScansione& f) {
+    QLabel* corona = f.CoroneAttive().value(f.Motore.TastoCorrente);
+    return corona == nullptr ? QColor() : corona->palette().color(QPalette::Window);
+}
+
+} // namespace
+
+class ProvaAnelloVisibile : public QObject, MondoMenu {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        Prepara();
+        LarghezzaAnello = 1;
+        AltoContrasto = 0;
+    }
+    void cleanup() {
+        LarghezzaAnello = 1;
+        AltoContrasto = 0;
+        Libera();
+    }
+
+    void la_larghezza_su_menu_e_tastiera_data() {
+        QTest::addColumn<int>("larghezza");
+        QTest::newRow("doppio") << 2;
+        QTest::newRow("triplo") << 3;
+    }
+    void la_larghezza_su_menu_e_tastiera() {
+        QFETCH(int, larghezza);
+        MenuGenerale* menu = Menu(4);
+        const int menuNormale = Margine(*menu);
+        QuadroScriviTesto tastieraNormale;
+        const int tastieraNormaleM = Margine(tastieraNormale);
+        QVERIFY(menuNormale > 0 && tastieraNormaleM > 0);
+        DistruggiMenùGenerale();
+        LarghezzaAnello = int16_t(larghezza);
+        MenuGenerale* largo = Menu(4);
+        QuadroScriviTesto tastieraLarga;
+        QVERIFY(qAbs(Margine(*largo) - larghezza * menuNormale) <= larghezza);
+        QVERIFY(qAbs(Margine(tastieraLarga) - larghezza * tastieraNormaleM) <= larghezza);
+        // The colour is the defined one.
+        QCOMPARE(ColoreAnello(*largo), ColoreRGB(ColoriCorona::Verde));
+    }
+
+    void alto_contrasto_anello_giallo_orlato_di_nero() {
+        MenuGenerale* normale = Menu(4);
+        QCOMPARE(ColoreAnello(*normale), ColoreRGB(ColoriCorona::Verde));
+        QCOMPARE(normale->CoroneAttive().value(normale->Motore.TastoCorrente)->frameShape(),
+                 QFrame::NoFrame);
+        DistruggiMenùGenerale();
+        AltoContrasto = 1;
+        MenuGenerale* menu = Menu(4);
+        QLabel* corona = menu->CoroneAttive().value(menu->Motore.TastoCorrente);
+        QCOMPARE(ColoreAnello(*menu), ColoreRGB(ColoriCorona::Giallo));
+        QCOMPARE(corona->frameShape(), QFrame::Box);
+        // On the pixels: black at the ring's outer edge, yellow just inside it.
+        const QImage ring = corona->grab().toImage();
+        QCOMPARE(QColor(ring.pixel(0, ring.height() / 2)), QColor(Qt::black));
+        QCOMPARE(QColor(ring.pixel(2, ring.height() / 2)), ColoreRGB(ColoriCorona::Giallo));
+        // The keyboard's ring too.
+        QuadroScriviTesto tastiera;
+        tastiera.AggiornaCorone();
+        QCOMPARE(ColoreAnello(tastiera), ColoreRGB(ColoriCorona::Giallo));
+    }
+
+    void alto_contrasto_evidenza_nera_della_lista() {
+        AltoContrasto = 1;
+        QColor sfondo;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            auto* lista = dynamic_cast<QuadroMostraLista*>(FormScansione::InPrimoPiano());
+            if (lista == nullptr) return;
+            QPushButton* riga = lista->Tasti.value(lista->Motore.TastoCorrente);
+            const QImage img = riga->grab().toImage();
+            sfondo = img.pixelColor(img.width() - 3, img.height() / 2);
+            QCOMPARE(lista->ColoreTasto(lista->Motore.TastoCorrente),
+                     QuadroMostraLista::ColoreEvidenza);
+        });
+        // Back without a choice.
+        c.Esegui([] {
+            FormScansione* f = FormScansione::InPrimoPiano();
+            for (int i = 0; f != nullptr && f->Motore.TastoCorrente != 125 && i < 40; ++i)
+                PremiTasto(Qt::Key_Right);
+        });
+        c.Tasto(Qt::Key_Return);
+        c.Avvia();
+        Menu(4);
+        TipoLista = 8;
+        ScegliDaLista();
+        QCOMPARE(sfondo, QColor(Qt::black));
+    }
+
+    void scelti_sul_modulo_e_registrati() {
+        MenuGenerale* m = Menu(4);
+        QTest::mouseClick(m->Tasti.value(104), Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ConfigurazioniGenerali* c = ConfigurazioniAperte();
+        QVERIFY(c != nullptr);
+        QVERIFY(c->QuadroAccessibilità->isVisible());
+        QTest::mouseClick(c->OpzioneLarghezzaAnello[2], Qt::LeftButton);
+        QTest::mouseClick(c->OpzioneContrasto[1], Qt::LeftButton);
+        QCOMPARE(c->ModificheEffettuate, int16_t(1));
+        QCOMPARE(LarghezzaAnello, int16_t(1));
+        Schermata(c, QStringLiteral("configurazioni-accessibilita"));
+        Copione s(*orologio);
+        s.Tasto(Qt::Key_Return);
+        s.Avvia();
+        QTest::mouseClick(c->TastoRegistraConfigurazioniGenerali, Qt::LeftButton);
+        QVERIFY(s.Finito());
+        QCOMPARE(LarghezzaAnello, int16_t(3));
+        QCOMPARE(AltoContrasto, int16_t(1));
+        // In the archive, with the five settings, for the next run.
+        LarghezzaAnello = 1;
+        AltoContrasto = 0;
+        LeggiConfigurazione();
+        QCOMPARE(LarghezzaAnello, int16_t(3));
+        QCOMPARE(AltoContrasto, int16_t(1));
+        QCOMPARE(ModalitàFunzionamento, int16_t(4));
+        // The menu comes back with the wide yellow ring.
+        QTest::mouseClick(c->TastoChiudiConfigurazioniGenerali, Qt::LeftButton);
+        MenuGenerale* dopo = MenùGeneraleAperto();
+        QVERIFY(dopo != nullptr);
+        QCOMPARE(ColoreAnello(*dopo), ColoreRGB(ColoriCorona::Giallo));
+        QCoreApplication::processEvents();
+        Schermata(dopo, QStringLiteral("menu-alto-contrasto"));
+    }
+};
+
+QTEST_MAIN(ProvaAnelloVisibile)
+#include "test_anello_visibile.moc"
