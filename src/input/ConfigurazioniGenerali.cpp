@@ -156,6 +156,8 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         OpzioneLarghezzaAnello[i] =
             Opzione(QuadroAccessibilità, QString::fromUtf8(anelli[i]),
                     QRect(i == 0 ? 300 : 1400 + i * 1500, 400, i == 0 ? 2500 : 1400, 450));
+        // Two groups share one frame: each is kept by Colora, not by Qt.
+        OpzioneLarghezzaAnello[i]->setAutoExclusive(false);
         const int16_t larghezza = int16_t(i + 1);
         connect(OpzioneLarghezzaAnello[i], &QRadioButton::clicked, this,
                 [this, larghezza] { EseguiProtetto([&] { ClickAnello(larghezza); }); });
@@ -164,6 +166,7 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     for (int i = 0; i < 2; ++i) {
         OpzioneContrasto[i] = Opzione(QuadroAccessibilità, QString::fromUtf8(contrasti[i]),
                                       QRect(i == 0 ? 300 : 2800, 900, i == 0 ? 2500 : 3800, 450));
+        OpzioneContrasto[i]->setAutoExclusive(false);
         const int16_t contrasto = int16_t(i);
         connect(OpzioneContrasto[i], &QRadioButton::clicked, this,
                 [this, contrasto] { EseguiProtetto([&] { ClickContrasto(contrasto); }); });

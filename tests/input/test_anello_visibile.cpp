@@ -138,6 +138,10 @@ private slots:
         QTest::mouseClick(c->OpzioneLarghezzaAnello[2], Qt::LeftButton);
         QTest::mouseClick(c->OpzioneContrasto[1], Qt::LeftButton);
         QCOMPARE(c->ModificheEffettuate, int16_t(1));
+        // Both choices show their dot: the two groups share a frame, not a choice.
+        QVERIFY(c->OpzioneLarghezzaAnello[2]->isChecked());
+        QVERIFY(c->OpzioneContrasto[1]->isChecked());
+        QVERIFY(!c->OpzioneLarghezzaAnello[0]->isChecked());
         QCOMPARE(LarghezzaAnello, int16_t(1));
         Schermata(c, QStringLiteral("configurazioni-accessibilita"));
         Copione s(*orologio);
