@@ -69,10 +69,17 @@ void AggiornaSchemaConfigurazione(QSqlDatabase& db) {
     info.finish();
     // Version 1: the printer chosen on the printer list, empty for the system's own.
     // Version 2: the ring's width and the high-contrast scheme, as defined.
+    // Version 3: the timings for real switches and spoken scanning, all off.
     const QStringList nuove = {
         QStringLiteral("StampanteScelta TEXT NOT NULL DEFAULT ''"),
         QStringLiteral("LarghezzaAnello SMALLINT NOT NULL DEFAULT 1"),
         QStringLiteral("AltoContrasto SMALLINT NOT NULL DEFAULT 0"),
+        QStringLiteral("TempoAccettazione INTEGER NOT NULL DEFAULT 0"),
+        QStringLiteral("TempoIgnoraDopoScelta INTEGER NOT NULL DEFAULT 0"),
+        QStringLiteral("PrimaAttesa SMALLINT NOT NULL DEFAULT 1"),
+        QStringLiteral("GiriPrimaDelRiposo SMALLINT NOT NULL DEFAULT 0"),
+        QStringLiteral("ScansioneParlata SMALLINT NOT NULL DEFAULT 0"),
+        QStringLiteral("AttendiVoce SMALLINT NOT NULL DEFAULT 0"),
     };
     QStringList mancanti;
     for (const QString& nuova : nuove)

@@ -1,5 +1,7 @@
 #include "input/ConfigurazioniGenerali.h"
 
+#include "input/ControlliConfigurazione.h"
+#include "input/PaginaSensori.h"
 #include "input/QuadroMessaggi.h"
 #include "printing/SceltaStampanti.h"
 #include "printing/Stampe.h"
@@ -20,6 +22,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QSpinBox>
 
 #include <memory>
 
@@ -41,35 +44,6 @@ const char* const ScritteRapide[4] = {"Scelta rapida: « F6 »", "Scelta rapida 
 
 QLabel* Titolo(QWidget* genitore, const QString& testo, const QRect& posto, int punti) {
     return ScrittaModulo(genitore, testo, posto, punti, true);
-}
-
-QRadioButton* Opzione(QWidget* genitore, const QString& testo, const QRect& posto) {
-    auto* o = new QRadioButton(testo, genitore);
-    o->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    o->setFont(QFont(QStringLiteral("Arial"), 10));
-    o->setFocusPolicy(Qt::NoFocus);
-    return o;
-}
-
-QGroupBox* Quadro(QWidget* genitore, const QString& titolo, const QRect& posto) {
-    auto* q = new QGroupBox(titolo, genitore);
-    q->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    QFont f(QStringLiteral("Arial"), 10);
-    f.setBold(true);
-    q->setFont(f);
-    return q;
-}
-
-void ColoraGruppo(QRadioButton* const* opzioni, int quante, int scelta) {
-    for (int i = 0; i < quante; ++i) {
-        QPalette p = opzioni[i]->palette();
-        p.setColor(QPalette::WindowText, i == scelta ? Qt::red : Qt::black);
-        opzioni[i]->setPalette(p);
-        // Checking a button of a group would otherwise emit a click.
-        const bool bloccato = opzioni[i]->blockSignals(true);
-        opzioni[i]->setChecked(i == scelta);
-        opzioni[i]->blockSignals(bloccato);
-    }
 }
 
 // A latency as the value test reads it: the digits before the first blank.
@@ -100,8 +74,8 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         ->setAlignment(Qt::AlignCenter);
     Titolo(this, QStringLiteral("MODALITA'  DI  FUNZIONAMENTO"), QRect(405, 900, 14445, 450), 11);
     for (int i = 0; i < 4; ++i) {
-        OpzioneModalitàFunzionamento[i] = Opzione(this, QString::fromUtf8(EtichetteModi[i]),
-                                                  QRect(600, 1400 + i * 480, 10600, 450));
+        OpzioneModalitàFunzionamento[i] = OpzioneModulo(this, QString::fromUtf8(EtichetteModi[i]),
+                                                        QRect(600, 1400 + i * 480, 10600, 450));
         auto* rapida = new QLabel(QString::fromUtf8(ScritteRapide[i]), this);
         rapida->setGeometry(RettangoloTwips(11400, 1400 + i * 480, 3400, 450));
         const int16_t indice = int16_t(101 + i);
@@ -109,27 +83,27 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
                 [this, indice] { EseguiProtetto([&] { ClickModo(indice); }); });
     }
     QuadroTastiSceltaScansione =
-        Quadro(this, QStringLiteral("CONFIGURAZIONE TASTI «SCELTA» E «SCANSIONE»:"),
-               QRect(405, 3500, 14445, 1500));
-    OpzioneTastiSceltaScansione[0] =
-        Opzione(QuadroTastiSceltaScansione,
-                QStringLiteral("Tasto «Scelta» = Invio   ||  Tasto «Scansione» = Barra           "
-                               "(Scelta rapida: F4)"),
-                QRect(300, 400, 13800, 450));
-    OpzioneTastiSceltaScansione[1] =
-        Opzione(QuadroTastiSceltaScansione,
-                QStringLiteral("Tasto «Scelta» = Barra  ||  Tasto «Scansione» = Invio            "
-                               "(Scelta rapida: F5)"),
-                QRect(300, 900, 13800, 450));
-    QuadroModalitàInversioneScansione = Quadro(
+        QuadroModulo(this, QStringLiteral("CONFIGURAZIONE TASTI «SCELTA» E «SCANSIONE»:"),
+                     QRect(405, 3500, 14445, 1500));
+    OpzioneTastiSceltaScansione[0] = OpzioneModulo(
+        QuadroTastiSceltaScansione,
+        QStringLiteral("Tasto «Scelta» = Invio   ||  Tasto «Scansione» = Barra           "
+                       "(Scelta rapida: F4)"),
+        QRect(300, 400, 13800, 450));
+    OpzioneTastiSceltaScansione[1] = OpzioneModulo(
+        QuadroTastiSceltaScansione,
+        QStringLiteral("Tasto «Scelta» = Barra  ||  Tasto «Scansione» = Invio            "
+                       "(Scelta rapida: F5)"),
+        QRect(300, 900, 13800, 450));
+    QuadroModalitàInversioneScansione = QuadroModulo(
         this, QStringLiteral("MODALITA' INVERSIONE SCANSIONE"), QRect(405, 5200, 14445, 1500));
     OpzioneInversioneScan[0] =
-        Opzione(QuadroModalitàInversioneScansione, QStringLiteral("Inversione semplice    (F8)"),
-                QRect(300, 400, 13800, 450));
+        OpzioneModulo(QuadroModalitàInversioneScansione,
+                      QStringLiteral("Inversione semplice    (F8)"), QRect(300, 400, 13800, 450));
     OpzioneInversioneScan[1] =
-        Opzione(QuadroModalitàInversioneScansione,
-                QStringLiteral("Inversione con fermo intermedio          (F9)"),
-                QRect(300, 900, 13800, 450));
+        OpzioneModulo(QuadroModalitàInversioneScansione,
+                      QStringLiteral("Inversione con fermo intermedio          (F9)"),
+                      QRect(300, 900, 13800, 450));
     for (int i = 0; i < 2; ++i) {
         const int16_t indice = int16_t(101 + i);
         connect(OpzioneTastiSceltaScansione[i], &QRadioButton::clicked, this,
@@ -137,8 +111,8 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         connect(OpzioneInversioneScan[i], &QRadioButton::clicked, this,
                 [this, indice] { EseguiProtetto([&] { ClickInversione(indice); }); });
     }
-    QuadroTempoLatenzaScans =
-        Quadro(this, QStringLiteral("TEMPO  LATENZA  SCANSIONE"), QRect(405, 6900, 7500, 1400));
+    QuadroTempoLatenzaScans = QuadroModulo(this, QStringLiteral("TEMPO  LATENZA  SCANSIONE"),
+                                           QRect(405, 6900, 7500, 1400));
     auto* etichetta = new QLabel(QStringLiteral("Tempo in millisecondi:"), QuadroTempoLatenzaScans);
     etichetta->setGeometry(RettangoloTwips(300, 550, 3600, 450));
     ImmiTempoLatenzaScans = new QLineEdit(QuadroTempoLatenzaScans);
@@ -150,23 +124,21 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     });
 
     QuadroAccessibilità =
-        Quadro(this, QStringLiteral("ACCESSIBILITÀ"), QRect(8100, 6900, 6750, 1400));
+        QuadroModulo(this, QStringLiteral("ACCESSIBILITÀ"), QRect(8100, 6900, 6750, 1400));
     const char* const anelli[3] = {"Anello normale", "doppio", "triplo"};
     for (int i = 0; i < 3; ++i) {
         OpzioneLarghezzaAnello[i] =
-            Opzione(QuadroAccessibilità, QString::fromUtf8(anelli[i]),
-                    QRect(i == 0 ? 300 : 1400 + i * 1500, 400, i == 0 ? 2500 : 1400, 450));
-        // Two groups share one frame: each is kept by Colora, not by Qt.
-        OpzioneLarghezzaAnello[i]->setAutoExclusive(false);
+            OpzioneModulo(QuadroAccessibilità, QString::fromUtf8(anelli[i]),
+                          QRect(i == 0 ? 300 : 1400 + i * 1500, 400, i == 0 ? 2500 : 1400, 450));
         const int16_t larghezza = int16_t(i + 1);
         connect(OpzioneLarghezzaAnello[i], &QRadioButton::clicked, this,
                 [this, larghezza] { EseguiProtetto([&] { ClickAnello(larghezza); }); });
     }
     const char* const contrasti[2] = {"Colori normali", "Alto contrasto (giallo su nero)"};
     for (int i = 0; i < 2; ++i) {
-        OpzioneContrasto[i] = Opzione(QuadroAccessibilità, QString::fromUtf8(contrasti[i]),
-                                      QRect(i == 0 ? 300 : 2800, 900, i == 0 ? 2500 : 3800, 450));
-        OpzioneContrasto[i]->setAutoExclusive(false);
+        OpzioneContrasto[i] =
+            OpzioneModulo(QuadroAccessibilità, QString::fromUtf8(contrasti[i]),
+                          QRect(i == 0 ? 300 : 2800, 900, i == 0 ? 2500 : 3800, 450));
         const int16_t contrasto = int16_t(i);
         connect(OpzioneContrasto[i], &QRadioButton::clicked, this,
                 [this, contrasto] { EseguiProtetto([&] { ClickContrasto(contrasto); }); });
@@ -183,12 +155,22 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     connect(TastoStampante, &QPushButton::clicked, this,
             [this] { EseguiProtetto([this] { Stampante(); }); });
 
+    Sensori = new PaginaSensori(this);
+    Sensori->setGeometry(RettangoloTwips(0, 850, 15360, 8700));
+    Sensori->hide();
+    Sensori->Modificato = [this] { ModificheEffettuate = 1; };
+    TastoSensori = new QPushButton(QStringLiteral("Sensori e voce"), this);
+    TastoSensori->setObjectName(QStringLiteral("TastoSensori"));
+    TastoSensori->setGeometry(RettangoloTwips(2500, 9700, 2700, 900));
+    connect(TastoSensori, &QPushButton::clicked, this,
+            [this] { EseguiProtetto([this] { CambiaPagina(); }); });
+
     TastoRegistraConfigurazioniGenerali = new QPushButton(QStringLiteral("Registra"), this);
     TastoRegistraConfigurazioniGenerali->setGeometry(RettangoloTwips(8700, 9700, 2700, 900));
     TastoChiudiConfigurazioniGenerali = new QPushButton(QStringLiteral("Chiudi"), this);
     TastoChiudiConfigurazioniGenerali->setGeometry(RettangoloTwips(11800, 9700, 2700, 900));
-    for (QPushButton* b :
-         {TastoStampante, TastoRegistraConfigurazioniGenerali, TastoChiudiConfigurazioniGenerali}) {
+    for (QPushButton* b : {TastoSensori, TastoStampante, TastoRegistraConfigurazioniGenerali,
+                           TastoChiudiConfigurazioniGenerali}) {
         b->setFocusPolicy(Qt::NoFocus);
         b->setAutoDefault(false);
         QFont f(QStringLiteral("Arial"), 12);
@@ -217,7 +199,20 @@ void ConfigurazioniGenerali::AttivaConfigurazioniGenerali() {
     Colora();
     ImmiTempoLatenzaScans->setText(QString::number(TempoLatenzaScansione));
     MostraStampante();
+    Sensori->Carica();
     CaricamentoConfigurazioni = 0;
+}
+
+void ConfigurazioniGenerali::CambiaPagina() {
+    const bool seconda = !Sensori->isVisible();
+    Sensori->setVisible(seconda);
+    TastoSensori->setText(seconda ? QStringLiteral("Indietro") : QStringLiteral("Sensori e voce"));
+    if (seconda) {
+        Sensori->MostraServizio();
+        Sensori->ImmiAccettazione->setFocus(Qt::OtherFocusReason);
+    } else {
+        ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void ConfigurazioniGenerali::MostraStampante() {
@@ -314,6 +309,8 @@ void ConfigurazioniGenerali::Registra() {
     if (!seconda.isEmpty()) {
         RegistrazioneSilenziosa = 0;
         AvvisoLatenza(seconda, terza);
+        // The wrong value is shown where it is written.
+        if (Sensori->isVisible()) CambiaPagina();
         ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
         return;
     }
@@ -325,6 +322,7 @@ void ConfigurazioniGenerali::Registra() {
     TempoLatenzaScansione = int32_t(valore);
     LarghezzaAnello = Anello;
     AltoContrasto = Contrasto;
+    Sensori->Applica();
     RegistraConfigurazione();
     ModificheEffettuate = 0;
     if (RegistrazioneSilenziosa == 0) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 class QGroupBox;
+class PaginaSensori;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -45,6 +46,9 @@ public:
     // The printer list, which the menu has no button for.
     QPushButton* TastoStampante = nullptr;
     QLabel* ScrittaStampante = nullptr;
+    // The second page, for switches and the voice, and the button that turns to it and back.
+    PaginaSensori* Sensori = nullptr;
+    QPushButton* TastoSensori = nullptr;
 
     void ClickModo(int16_t indice);
     void ClickTasti(int16_t indice);
@@ -54,6 +58,7 @@ public:
     void Registra();
     void Chiudi();
     void Stampante();
+    void CambiaPagina();
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;

@@ -1,5 +1,7 @@
 #include "input/FormScansione.h"
 
+#include "input/Orologio.h"
+#include "input/Voce.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -12,6 +14,24 @@ namespace {
 QList<FormScansione*>& FormAperti() {
     static QList<FormScansione*> forms;
     return forms;
+}
+
+// What the voice said last, and where: it says nothing twice for one place.
+struct Detto {
+    const FormScansione* Form = nullptr;
+    int Insieme = 0;
+    int16_t Indice = 0;
+    QString Nome;
+};
+Detto& UltimoDetto() {
+    static Detto detto;
+    return detto;
+}
+
+// The keys a switch sends: the only ones the timings for switches apply to.
+bool DaInterruttore(int codice) {
+    return codice == CodiciTasto::Invio || codice == CodiciTasto::Spazio ||
+           (codice >= CodiciTasto::Sinistra && codice <= CodiciTasto::Giu);
 }
 
 void Colora(QLabel* corona, uint32_t rgb) {
@@ -36,14 +56,19 @@ FormScansione::FormScansione(int16_t primo, int16_t ultimo, QWidget* genitore)
     FocusFix->setFocusPolicy(Qt::StrongFocus);
     FocusFix->setGeometry(0, 0, 1, 1);
     FocusFix->setAccessibleName(QStringLiteral("FocusFix"));
-    Motore.AggiornaCorone = [this] { AggiornaCorone(); };
+    Motore.AggiornaCorone = [this] {
+        AggiornaCorone();
+        AnnunciaAnello();
+    };
     Motore.Click = [this](int16_t indice) { ClickTasto(indice); };
     installEventFilter(this);
     FocusFix->installEventFilter(this);
 }
 
 FormScansione::~FormScansione() {
+    AnnullaTastoInAttesa();
     FormAperti().removeAll(this);
+    if (UltimoDetto().Form == this) UltimoDetto() = Detto{};
 }
 
 FormScansione* FormScansione::InPrimoPiano() {
@@ -69,6 +94,7 @@ void FormScansione::AttivaInsieme(int insieme) {
         tasto->Predefinito = false;
     Motore.AttivaInsieme(insieme);
     AggiornaCorone();
+    AnnunciaAnello();
 }
 
 void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margine, int insieme) {
@@ -97,6 +123,7 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
                 AttivaInsieme(insieme);
                 ClickTasto(indice);
             });
+            AnnunciaAnello();
         });
         TastiDi(insieme).insert(d.Indice, tasto);
         Colora(corona, ColoriCorona::Verde);
@@ -134,6 +161,33 @@ void FormScansione::AggiornaCorone() {
         if (TastoZanto* tasto = tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
 }
 
+QString FormScansione::NomeParlato(int16_t indice) const {
+    const TastoZanto* tasto = Tasti.value(indice);
+    if (Motore.InsiemeAttivo() != 0)
+        tasto = const_cast<FormScansione*>(this)->TastiAttivi().value(indice);
+    if (tasto == nullptr) return {};
+    QString nome = tasto->text().trimmed();
+    if (nome.isEmpty()) nome = tasto->toolTip().trimmed();
+    if (nome.isEmpty()) nome = tasto->accessibleName().trimmed();
+    return nome.simplified();
+}
+
+void FormScansione::AnnunciaAnello() {
+    if (ScansioneParlata != 1 || !isVisible() || InPrimoPiano() != this) return;
+    const QString nome = NomeParlato(Motore.TastoCorrente);
+    Detto& detto = UltimoDetto();
+    if (detto.Form == this && detto.Insieme == Motore.InsiemeAttivo() &&
+        detto.Indice == Motore.TastoCorrente && detto.Nome == nome)
+        return;
+    detto = {this, Motore.InsiemeAttivo(), Motore.TastoCorrente, nome};
+    // An item without a name cuts the last one short all the same: the voice
+    // never tells of a place the ring has left.
+    if (nome.isEmpty())
+        Zittisci();
+    else
+        Pronuncia(nome);
+}
+
 void FormScansione::RoutineTastoGiu(int codice, int modificatori) {
     Motore.RoutineTasti(codice, modificatori);
 }
@@ -163,6 +217,7 @@ void FormScansione::Attiva() {
     if (Motore.FormAttivato == 1 || !isVisible()) return;
     Motore.FormAttivato = 1;
     PrimaAttivazione();
+    AnnunciaAnello();
 }
 
 void FormScansione::PosizionaSopra(int sinistraTwips, int altoTwips) {
@@ -208,10 +263,66 @@ bool FormScansione::TastoRipetuto(int codice) const {
 bool FormScansione::GestisciTasto(QKeyEvent* e) {
     const int codice = CodiceDi(e);
     // A held switch must not fire again and again; only a screen that walks
-    // something with a held arrow takes the repeats.
-    if (e->isAutoRepeat() && !TastoRipetuto(codice)) return true;
-    Protetto([this, codice, modificatori = MaschereModificatori(e), tastoQt = e->key(),
-              testo = e->text()] {
+    // something with a held arrow takes the repeats, once the press counts.
+    if (e->isAutoRepeat()) {
+        if (inAttesa_ || !TastoRipetuto(codice)) return true;
+        EseguiTasto(codice, MaschereModificatori(e), e->key(), e->text());
+        return true;
+    }
+    if (DaInterruttore(codice)) {
+        const int64_t adesso = OrologioCorrente().Adesso();
+        if (TempoIgnoraDopoScelta > 0 && adesso - IstanteUltimaScelta < TempoIgnoraDopoScelta)
+            return true;
+        if (TempoAccettazione > 0) {
+            // Counted only once held long enough; a new press starts again.
+            AnnullaTastoInAttesa();
+            inAttesa_ = TastoInAttesa{codice, MaschereModificatori(e), e->key(), e->text(), 0};
+            inAttesa_->Sveglia =
+                OrologioCorrente().Programma(TempoAccettazione, [this] { Accetta(); });
+            Motore.Trattieni();
+            return true;
+        }
+    }
+    EseguiTasto(codice, MaschereModificatori(e), e->key(), e->text());
+    return true;
+}
+
+bool FormScansione::RilascioTasto(QKeyEvent* e) {
+    // Let go too soon: the press never happened, and the ring walks on.
+    if (!e->isAutoRepeat() && inAttesa_ && inAttesa_->TastoQt == e->key()) {
+        AnnullaTastoInAttesa();
+        Motore.Lascia();
+    }
+    return true;
+}
+
+void FormScansione::Accetta() {
+    if (!inAttesa_) return;
+    const TastoInAttesa tasto = *inAttesa_;
+    inAttesa_.reset();
+    Motore.Lascia();
+    EseguiTasto(tasto.Codice, tasto.Modificatori, tasto.TastoQt, tasto.Testo);
+}
+
+void FormScansione::AnnullaTastoInAttesa() {
+    if (!inAttesa_) return;
+    OrologioCorrente().Annulla(inAttesa_->Sveglia);
+    inAttesa_.reset();
+}
+
+void FormScansione::EseguiTasto(int codice, int modificatori, int tastoQt, const QString& testo) {
+    const int16_t modo = ModalitàFunzionamento;
+    // A resting ring is only woken: nobody was watching where it stood.
+    if (Motore.InRiposo() && (modo == 1 || modo == 2) &&
+        (MotoreScansione::TastoDiScelta(codice) || MotoreScansione::TastoDiScansione(codice))) {
+        UltimoDetto() = Detto{}; // woken, it says again where it stands
+        Protetto([this] { Motore.AvviaScansione(); });
+        return;
+    }
+    const bool scelta =
+        modo == 4 ? codice == CodiciTasto::Invio : MotoreScansione::TastoDiScelta(codice);
+    if (scelta) IstanteUltimaScelta = OrologioCorrente().Adesso();
+    Protetto([this, codice, modificatori, tastoQt, testo] {
         if (codice == CodiciTasto::Invio) {
             for (TastoZanto* tasto : std::as_const(TastiAttivi())) {
                 if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {
@@ -224,7 +335,7 @@ bool FormScansione::GestisciTasto(QKeyEvent* e) {
         // A key whose key-down closed the form types nothing.
         if (isVisible()) RoutineCarattere(tastoQt, testo);
     });
-    return true;
+    AnnunciaAnello();
 }
 
 bool FormScansione::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -232,6 +343,7 @@ bool FormScansione::eventFilter(QObject* oggetto, QEvent* evento) {
     case QEvent::KeyPress:
         return GestisciTasto(static_cast<QKeyEvent*>(evento));
     case QEvent::KeyRelease:
+        return RilascioTasto(static_cast<QKeyEvent*>(evento));
     case QEvent::ShortcutOverride:
         return true;
     case QEvent::ChildAdded:
@@ -266,6 +378,8 @@ void FormScansione::showEvent(QShowEvent* evento) {
 }
 
 void FormScansione::hideEvent(QHideEvent* evento) {
+    AnnullaTastoInAttesa();
+    Motore.Lascia();
     FormAperti().removeAll(this);
     if (FormScansione* sotto = InPrimoPiano()) sotto->Motore.RiprendiDopoPannello();
     QDialog::hideEvent(evento);

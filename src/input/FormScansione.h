@@ -8,6 +8,8 @@
 #include <QMap>
 
 #include <functional>
+#include <limits>
+#include <optional>
 
 // The colours of the rings: green where the ring stands, blue on the marked
 // button, magenta when the ring stands on the marked button, red on an edit
@@ -27,6 +29,10 @@ constexpr uint32_t Giallo = 0xFFFF00; // the green ring's colour in high contras
 // The drawing screen tells its user what the ring stands on, also while one of
 // its panels is open: it sets this, and the panels that work on it call it.
 inline std::function<void(const QString& suggerimento)> AvvisoComandoAmbiente;
+
+// When the last choice was made, on the program's clock: presses that follow
+// it within TempoIgnoraDopoScelta come from a tremor, not from the user's will.
+inline int64_t IstanteUltimaScelta = std::numeric_limits<int64_t>::min() / 2;
 
 class FormScansione : public QDialog {
 public:
@@ -84,6 +90,12 @@ public:
     virtual bool TastoRipetuto(int codice) const;
     // Does this screen set the default flag in mode 3 as well as in mode 4?
     virtual bool PredefinitoInModo3() const { return true; }
+    // What the voice says when the ring arrives on `indice`: the caption, or the
+    // tooltip where there is none, or the accessible name.
+    virtual QString NomeParlato(int16_t indice) const;
+    // Speaks where the ring stands, if spoken scanning is on, this screen is in
+    // front and the ring has moved since the last time anything was said.
+    void AnnunciaAnello();
 
     // A screen whose keys rest on a control of its own (the drawing canvas)
     // gives it here in place of the invisible FocusFix.
@@ -118,8 +130,22 @@ protected:
     void reject() override;
 
 private:
+    struct TastoInAttesa {
+        int Codice;
+        int Modificatori;
+        int TastoQt;
+        QString Testo;
+        int Sveglia;
+    };
+
     bool GestisciTasto(QKeyEvent* evento);
+    bool RilascioTasto(QKeyEvent* evento);
+    void EseguiTasto(int codice, int modificatori, int tastoQt, const QString& testo);
+    void Accetta();
+    void AnnullaTastoInAttesa();
     void Filtra(QObject* radice);
+
+    std::optional<TastoInAttesa> inAttesa_;
 
     QMap<int, QMap<int16_t, TastoZanto*>> tastiAltri_;
     QMap<int, QMap<int16_t, QLabel*>> coroneAltre_;

@@ -1,6 +1,7 @@
 #include "input/MotoreScansione.h"
 
 #include "input/Orologio.h"
+#include "input/Voce.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
 
@@ -62,6 +63,7 @@ MotoreScansione::MotoreScansione(int16_t primo, int16_t ultimo) : Primo(primo), 
         TastoCorrente = static_cast<int16_t>(TastoCorrente - 1);
         if (TastoCorrente < Primo) TastoCorrente = Ultimo;
     };
+    PassiPerGiro = [this] { return Ultimo - Primo + 1; };
     insiemi_.push_back({primo, ultimo, 0, 0});
     Motori().insert(this);
 }
@@ -97,6 +99,7 @@ int16_t MotoreScansione::TastoCorrenteDi(int insieme) const {
 void MotoreScansione::Sospendi() {
     if (sospeso_) return;
     sospeso_ = true;
+    trattenuto_ = false;
     if (sveglia_ != 0) {
         OrologioCorrente().Annulla(sveglia_);
         sveglia_ = 0;
@@ -106,9 +109,30 @@ void MotoreScansione::Sospendi() {
 void MotoreScansione::RiprendiDopoPannello() {
     if (!sospeso_) return;
     sospeso_ = false;
-    if (ScansioneAttiva != 1 || sveglia_ != 0) return;
+    if (ScansioneAttiva != 1 || sveglia_ != 0 || riposo_) return;
+    passiSenzaTasti_ = 0;
     if (AggiornaCorone) AggiornaCorone();
-    Attendi(TempoLatenzaScansione);
+    Attendi(PrimaAttesa);
+}
+
+void MotoreScansione::Trattieni() {
+    if (trattenuto_) return;
+    trattenuto_ = true;
+    inizioTrattenuta_ = OrologioCorrente().Adesso();
+    attesaInterrotta_ = sveglia_ != 0;
+    if (sveglia_ != 0) {
+        OrologioCorrente().Annulla(sveglia_);
+        sveglia_ = 0;
+    }
+}
+
+void MotoreScansione::Lascia() {
+    if (!trattenuto_) return;
+    trattenuto_ = false;
+    if (!attesaInterrotta_ || ScansioneAttiva != 1 || sospeso_ || sveglia_ != 0) return;
+    // The time held does not count on the dwell.
+    inizioAttesa_ += OrologioCorrente().Adesso() - inizioTrattenuta_;
+    Programma(std::max<int64_t>(0, Durata() - (OrologioCorrente().Adesso() - inizioAttesa_)));
 }
 
 bool MotoreScansione::TastoDiScelta(int codice) {
@@ -127,6 +151,9 @@ void MotoreScansione::AvviaScansione() {
         PassoScansione = 1;
     }
     ScansioneAttiva = 1;
+    riposo_ = false;
+    trattenuto_ = false;
+    passiSenzaTasti_ = 0;
     // A restart while the ring walks begins a new dwell, as a nested loop would.
     if (sveglia_ != 0) {
         OrologioCorrente().Annulla(sveglia_);
@@ -134,31 +161,54 @@ void MotoreScansione::AvviaScansione() {
     }
     if (AggiornaCorone) AggiornaCorone();
     // Under a panel the ring waits for the panel to go.
-    if (!sospeso_) Attendi(TempoLatenzaScansione);
+    if (!sospeso_) Attendi(PrimaAttesa);
 }
 
 void MotoreScansione::FermaScansione() {
     ScansioneAttiva = 0;
+    riposo_ = false;
+    trattenuto_ = false;
     if (sveglia_ != 0) {
         OrologioCorrente().Annulla(sveglia_);
         sveglia_ = 0;
     }
 }
 
-void MotoreScansione::Attendi(int64_t ms) {
+void MotoreScansione::Attendi(int fattore) {
     inizioAttesa_ = OrologioCorrente().Adesso();
-    latenzaProgrammata_ = TempoLatenzaScansione;
+    fattore_ = std::clamp(fattore, 1, 3);
+    inizioVoce_ = -1;
+    Programma(Durata());
+}
+
+int64_t MotoreScansione::Durata() const {
+    return int64_t(TempoLatenzaScansione) * fattore_;
+}
+
+void MotoreScansione::Programma(int64_t ms) {
     sveglia_ = OrologioCorrente().Programma(ms, [this] { Scatto(); });
 }
 
 void MotoreScansione::Scatto() {
     sveglia_ = 0;
     if (ScansioneAttiva != 1) return;
+    const int64_t adesso = OrologioCorrente().Adesso();
     // The setting is read afresh: a change counts on the dwell in progress.
-    const int64_t passato = OrologioCorrente().Adesso() - inizioAttesa_;
-    if (passato < TempoLatenzaScansione) {
-        sveglia_ =
-            OrologioCorrente().Programma(TempoLatenzaScansione - passato, [this] { Scatto(); });
+    const int64_t passato = adesso - inizioAttesa_;
+    if (passato < Durata()) {
+        Programma(Durata() - passato);
+        return;
+    }
+    // The ring may wait for the name to be spoken out, never for ever.
+    if (AttendiVoce == 1 && ScansioneParlata == 1 && VoceCorrente().StaParlando()) {
+        if (inizioVoce_ < 0) inizioVoce_ = adesso;
+        if (adesso - inizioVoce_ < LimiteAttesaVoce) {
+            Programma(LimiteAttesaVoce - (adesso - inizioVoce_));
+            return;
+        }
+    }
+    if (Stanco()) {
+        riposo_ = true;
         return;
     }
     // A tick comes from the event loop: a fault ends in the error routine, and
@@ -169,17 +219,31 @@ void MotoreScansione::Scatto() {
         if (AggiornaCorone) AggiornaCorone();
     });
     if (ScansioneAttiva != 1 || sveglia_ != 0) return;
-    Attendi(TempoLatenzaScansione);
+    Attendi(1);
+}
+
+bool MotoreScansione::Stanco() {
+    // A ring held still by a pause of mode 2 walks no round.
+    if (PassoScansione != 0) ++passiSenzaTasti_;
+    if (GiriPrimaDelRiposo <= 0) return false;
+    const int giro = std::max(1, PassiPerGiro ? PassiPerGiro() : 1);
+    return passiSenzaTasti_ > GiriPrimaDelRiposo * giro;
 }
 
 void MotoreScansione::LatenzaCambiata() {
     for (MotoreScansione* m : Motori()) {
-        if (m->sveglia_ == 0) continue;
+        if (m->sveglia_ == 0 || m->inizioVoce_ >= 0) continue;
         OrologioCorrente().Annulla(m->sveglia_);
         const int64_t passato = OrologioCorrente().Adesso() - m->inizioAttesa_;
-        m->latenzaProgrammata_ = TempoLatenzaScansione;
-        m->sveglia_ = OrologioCorrente().Programma(
-            std::max<int64_t>(0, TempoLatenzaScansione - passato), [m] { m->Scatto(); });
+        m->Programma(std::max<int64_t>(0, m->Durata() - passato));
+    }
+}
+
+void MotoreScansione::VoceFinita() {
+    for (MotoreScansione* m : Motori()) {
+        if (m->sveglia_ == 0 || m->inizioVoce_ < 0) continue;
+        OrologioCorrente().Annulla(m->sveglia_);
+        m->Programma(0);
     }
 }
 
@@ -209,6 +273,12 @@ MotoreScansione::Esito MotoreScansione::RoutineTasti(int codice, int modificator
     const int16_t modo = ModalitàFunzionamento;
     const bool scelta = TastoDiScelta(codice);
     const bool scansione = TastoDiScansione(codice);
+    passiSenzaTasti_ = 0;
+    // A resting ring is only woken: nobody was watching where it stood.
+    if (riposo_ && (modo == 1 || modo == 2) && (scelta || scansione)) {
+        AvviaScansione();
+        return Esito::Risveglio;
+    }
     if ((modo == 1 || modo == 2) && scelta) {
         FermaScansione();
         if (Click) Click(TastoCorrente);

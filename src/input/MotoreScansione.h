@@ -61,6 +61,9 @@ public:
     // One step forward and back for the scan key and the arrows; by default with wrap.
     std::function<void()> Avanti;
     std::function<void()> Indietro;
+    // Steps of one full round, for the rest after rounds with nobody pressing;
+    // by default the live set's buttons.
+    std::function<int()> PassiPerGiro;
 
     // Starts the ring: redraw, a full dwell, step, and again, until stopped.
     void AvviaScansione();
@@ -68,8 +71,15 @@ public:
     void FermaScansione();
     // Is a dwell running on the clock?
     bool InAttesa() const { return sveglia_ != 0; }
+    // Has the ring stopped to rest after its rounds? The next ring key wakes it.
+    bool InRiposo() const { return riposo_; }
 
-    enum class Esito { Ignorato, Scelta, Inversione, Passo };
+    // A switch held down and not yet accepted: the ring holds still, so that the
+    // choice falls where the press began; let go, the dwell goes on.
+    void Trattieni();
+    void Lascia();
+
+    enum class Esito { Ignorato, Scelta, Inversione, Passo, Risveglio };
     // The key-down routine of a panel, for one key with its modifier mask.
     Esito RoutineTasti(int codice, int modificatori);
     // The direct keys F4-F9, F11, F12 of the main menu and the drawing screen.
@@ -96,6 +106,11 @@ public:
     static bool TastoDiScansione(int codice);
     // A new TempoLatenzaScansione counts on the dwell in progress of every screen.
     static void LatenzaCambiata();
+    // The voice has ended an utterance: a ring waiting on it goes on.
+    static void VoceFinita();
+    // The longest a ring waits on a voice past its dwell: a service that never
+    // says it has finished must not stop the ring.
+    static constexpr int64_t LimiteAttesaVoce = 8000;
 
 private:
     struct Insieme {
@@ -105,8 +120,13 @@ private:
         int16_t TastoCorrente;
     };
 
-    void Attendi(int64_t ms);
+    // A dwell of `fattore` times TempoLatenzaScansione.
+    void Attendi(int fattore);
+    int64_t Durata() const;
+    void Programma(int64_t ms);
     void Scatto();
+    // The ring's rounds with nobody pressing: true when it must rest now.
+    bool Stanco();
     bool PassoGriglia(int codice);
 
     std::vector<Insieme> insiemi_;
@@ -115,5 +135,11 @@ private:
 
     int sveglia_ = 0;
     int64_t inizioAttesa_ = 0;
-    int32_t latenzaProgrammata_ = 0;
+    int fattore_ = 1;
+    int passiSenzaTasti_ = 0;
+    bool riposo_ = false;
+    bool trattenuto_ = false;
+    bool attesaInterrotta_ = false;
+    int64_t inizioTrattenuta_ = 0;
+    int64_t inizioVoce_ = -1; // when the dwell ended with the voice still speaking
 };

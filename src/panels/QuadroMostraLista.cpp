@@ -186,6 +186,18 @@ void QuadroMostraLista::RiempiRighe() {
     }
 }
 
+QString QuadroMostraLista::NomeParlato(int16_t indice) const {
+    // A line is said by its name, without the padding and the number it shows.
+    if (indice >= 101 && indice <= 120) {
+        const TastoZanto* tasto = Tasti.value(indice);
+        const QString nome = tasto != nullptr && !tasto->text().trimmed().isEmpty()
+                                 ? tasto->accessibleName().simplified()
+                                 : QString();
+        return nome.isEmpty() ? QStringLiteral("riga vuota") : nome;
+    }
+    return FormScansione::NomeParlato(indice);
+}
+
 void QuadroMostraLista::AggiornaCorone() {
     for (int16_t i = 100; i <= 125; ++i) {
         Tasti.value(i)->Predefinito = false;

@@ -19,6 +19,7 @@ public:
     void AggiornaCorone() override;
     void ClickTasto(int16_t indice) override;
     void RoutineTastoGiu(int codice, int modificatori) override;
+    QString NomeParlato(int16_t indice) const override;
 
     int16_t RigaScelta = 0; // 0, or the line 101..120 picked
     int16_t PrimaVoceVisibile = 1;

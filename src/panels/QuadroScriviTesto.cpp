@@ -1,6 +1,7 @@
 #include "panels/QuadroScriviTesto.h"
 
 #include "input/IconaSvg.h"
+#include "input/Voce.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/LettoreRtf.h"
@@ -199,6 +200,13 @@ void QuadroScriviTesto::AttivaQuadroScriviTesto() {
               }
           }},
          {1890, [this] { Mostra(); }}});
+}
+
+QString QuadroScriviTesto::NomeParlato(int16_t indice) const {
+    // A letter is said as a letter, a sign by its name.
+    if (Motore.InsiemeAttivo() == InsiemeLettere)
+        if (const TastoZanto* tasto = Tasti.value(indice)) return NomeDelTasto(tasto->text());
+    return FormScansione::NomeParlato(indice);
 }
 
 void QuadroScriviTesto::AggiornaCorone() {

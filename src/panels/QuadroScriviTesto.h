@@ -31,6 +31,7 @@ public:
     int CodiceDi(const QKeyEvent* evento) const override;
     void RoutineCarattere(int tastoQt, const QString& testo) override;
     void PrimaAttivazione() override;
+    QString NomeParlato(int16_t indice) const override;
 
     // The two paint routines, one for each set.
     void DipingiTastiScriviTesto();

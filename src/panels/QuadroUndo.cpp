@@ -93,6 +93,7 @@ QuadroUndo::QuadroUndo(QWidget* genitore)
         l->hide();
 
     Motore.PassoCiclo = [this](int16_t passo) { Scorri(passo); };
+    Motore.PassiPerGiro = [this] { return int(PassiDisponibili) + 1; };
     Motore.Avanti = [this] { Avanti(); };
     Motore.Indietro = [this] { Indietro(); };
 }
@@ -175,6 +176,11 @@ void QuadroUndo::DisegnaPasso() {
     // Whatever a fault left, the keep switch goes off and the step shows.
     s.AutoRedraw = false;
     s.Refresh();
+}
+
+QString QuadroUndo::NomeParlato(int16_t indice) const {
+    Q_UNUSED(indice);
+    return QStringLiteral("passo %1").arg(PassoUndo);
 }
 
 void QuadroUndo::AggiornaCorone() {

@@ -30,6 +30,8 @@ public:
     void AggiornaCorone() override;
     void ClickTasto(int16_t indice) override;
     void RoutineTastoGiu(int codice, int modificatori) override;
+    // The ring is the step: the voice says its number.
+    QString NomeParlato(int16_t indice) const override;
 
     // The slider and the step number moved to PassoUndo.
     void MostraPasso();

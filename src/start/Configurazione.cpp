@@ -52,11 +52,17 @@ void LeggiConfigurazione() {
     // The ring's options are read as defined where an archive lacks them.
     const auto opzione = [&](const char* nome, int32_t minimo, int32_t massimo) {
         return q.record().indexOf(QString::fromUtf8(nome)) < 0
-                   ? int16_t(minimo)
-                   : Impostazione<int16_t>(q, nome, minimo, massimo, int16_t(minimo));
+                   ? minimo
+                   : Impostazione<int32_t>(q, nome, minimo, massimo, minimo);
     };
-    LarghezzaAnello = opzione("LarghezzaAnello", 1, 3);
-    AltoContrasto = opzione("AltoContrasto", 0, 1);
+    LarghezzaAnello = int16_t(opzione("LarghezzaAnello", 1, 3));
+    AltoContrasto = int16_t(opzione("AltoContrasto", 0, 1));
+    TempoAccettazione = opzione("TempoAccettazione", 0, 2000);
+    TempoIgnoraDopoScelta = opzione("TempoIgnoraDopoScelta", 0, 2000);
+    PrimaAttesa = int16_t(opzione("PrimaAttesa", 1, 3));
+    GiriPrimaDelRiposo = int16_t(opzione("GiriPrimaDelRiposo", 0, 20));
+    ScansioneParlata = int16_t(opzione("ScansioneParlata", 0, 1));
+    AttendiVoce = int16_t(opzione("AttendiVoce", 0, 1));
     // Anything but a name is no choice, and neither is an archive not yet
     // brought up: the system's printer stands.
     const int stampante = q.record().indexOf(QStringLiteral("StampanteScelta"));
@@ -70,7 +76,10 @@ void RegistraConfigurazione() {
                                          " \"ModalitàFunzionamento\" = ?,"
                                          " TastoScelta = ?, TastoScansione = ?,"
                                          " TempoLatenzaScansione = ?, TipoInversioneScansione = ?,"
-                                         " LarghezzaAnello = ?, AltoContrasto = ?"));
+                                         " LarghezzaAnello = ?, AltoContrasto = ?,"
+                                         " TempoAccettazione = ?, TempoIgnoraDopoScelta = ?,"
+                                         " PrimaAttesa = ?, GiriPrimaDelRiposo = ?,"
+                                         " ScansioneParlata = ?, AttendiVoce = ?"));
     q.addBindValue(ModalitàFunzionamento);
     q.addBindValue(TastoScelta);
     q.addBindValue(TastoScansione);
@@ -78,6 +87,12 @@ void RegistraConfigurazione() {
     q.addBindValue(TipoInversioneScansione);
     q.addBindValue(LarghezzaAnello);
     q.addBindValue(AltoContrasto);
+    q.addBindValue(TempoAccettazione);
+    q.addBindValue(TempoIgnoraDopoScelta);
+    q.addBindValue(PrimaAttesa);
+    q.addBindValue(GiriPrimaDelRiposo);
+    q.addBindValue(ScansioneParlata);
+    q.addBindValue(AttendiVoce);
     Esegui(q);
     if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
     // A new dwell counts on the wait in progress.

@@ -18,6 +18,20 @@ inline int32_t TempoLatenzaScansione = 1000; // dwell of the ring, ms
 inline int16_t LarghezzaAnello = 1;
 inline int16_t AltoContrasto = 0;
 
+// For real switches, each 0 (or 1) as defined: a key counts only when held
+// TempoAccettazione ms; presses within TempoIgnoraDopoScelta ms of a choice are
+// dropped; the first dwell after the ring starts lasts PrimaAttesa dwells; the
+// ring rests after GiriPrimaDelRiposo rounds with nobody pressing (0: never).
+inline int32_t TempoAccettazione = 0;     // 0..2000
+inline int32_t TempoIgnoraDopoScelta = 0; // 0..2000
+inline int16_t PrimaAttesa = 1;           // 1..3
+inline int16_t GiriPrimaDelRiposo = 0;    // 0..20
+
+// Spoken scanning: the name of what the ring arrives on (0 off, 1 on), and
+// whether the ring waits on an item until its name has been spoken.
+inline int16_t ScansioneParlata = 0;
+inline int16_t AttendiVoce = 0;
+
 // The printer chosen on the printer list, kept in the same row so that it holds
 // from one run to the next; empty for the system's own.
 inline QString StampanteScelta;
@@ -25,7 +39,7 @@ inline QString StampanteScelta;
 // Reads the row into the globals; an empty table is an error (3021), never a default.
 // A value out of its range or NULL is read as the installer's value for it.
 void LeggiConfigurazione();
-// Writes the five globals and the ring's two options to the row.
+// Writes the five globals and the accessibility options to the row, in one write.
 void RegistraConfigurazione();
 // Writes StampanteScelta to the row, alone: the printer list stores it as soon
 // as it is confirmed.

@@ -449,6 +449,59 @@ private slots:
         QCOMPARE(file.readAll(), prima);
     }
 
+    void un_archivio_della_versione_2_prende_i_tempi_e_la_voce_spenti() {
+        // The archive as the installer of the ring's options made it.
+        const QString percorso = PercorsoConfigurazione();
+        EseguiSql(percorso, QStringLiteral("DROP TABLE ConfigurazioniGenerali"));
+        EseguiSql(percorso, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
+                                           " \"ModalitàFunzionamento\" SMALLINT NOT NULL,"
+                                           " TastoScelta SMALLINT NOT NULL,"
+                                           " TastoScansione SMALLINT NOT NULL,"
+                                           " TipoInversioneScansione SMALLINT NOT NULL,"
+                                           " TempoLatenzaScansione INTEGER NOT NULL,"
+                                           " StampanteScelta TEXT NOT NULL DEFAULT '',"
+                                           " LarghezzaAnello SMALLINT NOT NULL DEFAULT 1,"
+                                           " AltoContrasto SMALLINT NOT NULL DEFAULT 0)"));
+        EseguiSql(percorso, QStringLiteral("INSERT INTO ConfigurazioniGenerali VALUES"
+                                           " (3, 2, 1, 1, 1800, 'Aula', 3, 1)"));
+        EseguiSql(percorso, QStringLiteral("PRAGMA user_version = 2"));
+        // Whatever a previous run left in the globals, the archive decides.
+        TempoAccettazione = 700;
+        GiriPrimaDelRiposo = 4;
+        ScansioneParlata = 1;
+        QCOMPARE(AvviaZanto(), -1);
+        QVERIFY(amb->Scatole.isEmpty());
+        QCOMPARE(ModalitàFunzionamento, int16_t(3));
+        QCOMPARE(TastoScelta, int16_t(2));
+        QCOMPARE(TastoScansione, int16_t(1));
+        QCOMPARE(TipoInversioneScansione, int16_t(1));
+        QCOMPARE(TempoLatenzaScansione, 1800);
+        QCOMPARE(StampanteScelta, QStringLiteral("Aula"));
+        QCOMPARE(LarghezzaAnello, int16_t(3));
+        QCOMPARE(AltoContrasto, int16_t(1));
+        QCOMPARE(TempoAccettazione, 0);
+        QCOMPARE(TempoIgnoraDopoScelta, 0);
+        QCOMPARE(PrimaAttesa, int16_t(1));
+        QCOMPARE(GiriPrimaDelRiposo, int16_t(0));
+        QCOMPARE(ScansioneParlata, int16_t(0));
+        QCOMPARE(AttendiVoce, int16_t(0));
+        QCOMPARE(LeggiValore(percorso, QStringLiteral("PRAGMA user_version")).toInt(),
+                 VersioneConfigurazione);
+        QCOMPARE(
+            LeggiValore(percorso, QStringLiteral("SELECT count(*) FROM ConfigurazioniGenerali"))
+                .toInt(),
+            1);
+        // The new settings are written with the five in one row.
+        TempoAccettazione = 250;
+        AttendiVoce = 1;
+        RegistraConfigurazione();
+        QCOMPARE(LeggiValore(percorso, QStringLiteral("SELECT TempoAccettazione || ' ' ||"
+                                                      " AttendiVoce || ' ' || TempoLatenzaScansione"
+                                                      " FROM ConfigurazioniGenerali"))
+                     .toString(),
+                 QStringLiteral("250 1 1800"));
+    }
+
     void la_stampante_scelta_torna_all_avvio() {
         ElencoStampanti = [] {
             return QStringList{QStringLiteral("Aula"), QStringLiteral("Casa")};

@@ -44,6 +44,14 @@ void RipristinaGlobali() {
     TastoScansione = 2;
     TipoInversioneScansione = 1;
     TempoLatenzaScansione = 1000;
+    LarghezzaAnello = 1;
+    AltoContrasto = 0;
+    TempoAccettazione = 0;
+    TempoIgnoraDopoScelta = 0;
+    PrimaAttesa = 1;
+    GiriPrimaDelRiposo = 0;
+    ScansioneParlata = 0;
+    AttendiVoce = 0;
     CodiceCartellaAttiva = 0;
     NomeCartellaAttiva.clear();
     TestoDaDividere.clear();
@@ -56,6 +64,9 @@ void RipristinaGlobali() {
     NumeroFile = 0;
     // input
     AvvisoComandoAmbiente = nullptr;
+    IstanteUltimaScelta = std::numeric_limits<int64_t>::min() / 2;
+    IstanteUltimoBip = -PausaDopoBip;
+    Zittisci();
     TestoQuadroMessaggi.clear();
     TipoQuadroMessaggi = 0;
     TastoPredefinitoQuadroMessaggi = 0;
@@ -111,6 +122,7 @@ void RipristinaGlobali() {
 
 AmbienteProva::AmbienteProva(bool installa) {
     RipristinaGlobali();
+    ImpostaVoce(&Parole);
     qputenv("XDG_DATA_HOME", cartella_.path().toUtf8());
     CalcolaRadiceDati();
     MostraScatolaPiattaforma = [this](IconaScatola icona, const QString& titolo,
@@ -126,6 +138,7 @@ AmbienteProva::AmbienteProva(bool installa) {
 AmbienteProva::~AmbienteProva() {
     ChiudiArchivi();
     RipristinaGlobali();
+    ImpostaVoce(nullptr);
 }
 
 QString AmbienteProva::Radice() const {

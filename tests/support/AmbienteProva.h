@@ -1,6 +1,7 @@
 #pragma once
 
 #include "start/GestioneErrori.h"
+#include "support/VoceRegistrata.h"
 
 #include <QString>
 #include <QStringList>
@@ -30,6 +31,8 @@ public:
     void ChiudiArchivi();
 
     QList<Scatola> Scatole; // every platform box, in order
+    // What the program would have spoken: no test reaches the system's voice.
+    VoceRegistrata Parole;
 
 private:
     QTemporaryDir cartella_;

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QPointer>
 
 bool PremiTasto(int tastoQt, Qt::KeyboardModifiers modificatori) {
     FormScansione* form = FormScansione::InPrimoPiano();
@@ -16,6 +17,28 @@ bool PremiTasto(int tastoQt, Qt::KeyboardModifiers modificatori) {
     // The press may have closed the form; the release then goes nowhere.
     if (FormScansione::InPrimoPiano() == form) QCoreApplication::sendEvent(bersaglio, &su);
     return true;
+}
+
+bool TieniTasto(OrologioVirtuale& orologio, int tastoQt, int64_t ms) {
+    FormScansione* form = FormScansione::InPrimoPiano();
+    if (form == nullptr) return false;
+    QPointer<QWidget> bersaglio =
+        form->focusWidget() != nullptr ? form->focusWidget() : form->FocusFix;
+    QKeyEvent giu(QEvent::KeyPress, tastoQt, Qt::NoModifier);
+    QCoreApplication::sendEvent(bersaglio, &giu);
+    orologio.Avanza(ms);
+    QKeyEvent su(QEvent::KeyRelease, tastoQt, Qt::NoModifier);
+    if (bersaglio != nullptr) QCoreApplication::sendEvent(bersaglio, &su);
+    return true;
+}
+
+Copione& Copione::Tieni(int tastoQt, int64_t ms) {
+    passi_.append([this, tastoQt, ms] {
+        if (!TieniTasto(orologio_, tastoQt, ms))
+            Problemi.append(
+                QStringLiteral("nessun form in primo piano per il tasto %1").arg(tastoQt));
+    });
+    return *this;
 }
 
 Copione& Copione::Tasto(int tastoQt, Qt::KeyboardModifiers modificatori) {

@@ -18,6 +18,8 @@ public:
 
     Copione& Tasto(int tastoQt, Qt::KeyboardModifiers modificatori = Qt::NoModifier);
     Copione& Attendi(int64_t ms);
+    // A switch held down for `ms` on the virtual clock, then let go.
+    Copione& Tieni(int tastoQt, int64_t ms);
     Copione& Esegui(std::function<void()> azione);
 
     // Starts the script; its steps run as the event loop turns.
@@ -42,3 +44,5 @@ private:
 
 // Sends one key press and release to the front scanning form, as the keyboard would.
 bool PremiTasto(int tastoQt, Qt::KeyboardModifiers modificatori = Qt::NoModifier);
+// Presses a key on the front scanning form, lets `ms` pass and lets it go.
+bool TieniTasto(OrologioVirtuale& orologio, int tastoQt, int64_t ms);
