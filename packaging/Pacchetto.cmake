@@ -20,4 +20,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${PROJECT_HOMEPAGE_URL})
 # Roman and Arial. Debian 12 keeps the X11 platform plugin in libqt6gui6.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-liberation2, fonts-dejavu-core")
+# Spoken scanning speaks through speech-dispatcher with an Italian voice; the
+# program runs silent without them, so they are recommended, not required.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-speech-speechd-plugin, speech-dispatcher-espeak-ng")
 include(CPack)

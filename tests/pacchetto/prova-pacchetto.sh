@@ -48,10 +48,15 @@ done
 dipende=$(dpkg-deb -f "$deb" Depends)
 echo "Depends: $dipende"
 for p in libqt6core6 libqt6gui6 libqt6widgets6 libqt6sql6 libqt6sql6-sqlite libqt6printsupport6 \
-  libqt6svg6 libsqlite3-0 fonts-liberation2 fonts-dejavu-core; do
+  libqt6svg6 libqt6texttospeech6 libsqlite3-0 fonts-liberation2 fonts-dejavu-core; do
   grep -Eq "(^|, )$p( |,|$)" <<<"$dipende" || sbaglio "Depends non nomina $p"
 done
 if grep -Eq -- '-dev( |,|$)' <<<"$dipende"; then sbaglio "Depends nomina un pacchetto -dev"; fi
+consiglia=$(dpkg-deb -f "$deb" Recommends)
+echo "Recommends: $consiglia"
+for p in qt6-speech-speechd-plugin speech-dispatcher-espeak-ng; do
+  grep -Eq "(^|, )$p( |,|$)" <<<"$consiglia" || sbaglio "Recommends non nomina $p"
+done
 
 radice="$costruzione/installato"
 rm -rf "$radice"
