@@ -1,5 +1,6 @@
 #include "input/FormScansione.h"
 
+#include "input/AccessibilitaAnello.h"
 #include "input/Orologio.h"
 #include "input/Voce.h"
 #include "start/Bip.h"
@@ -55,7 +56,8 @@ FormScansione::FormScansione(int16_t primo, int16_t ultimo, QWidget* genitore)
     FocusFix->setObjectName(QStringLiteral("FocusFix"));
     FocusFix->setFocusPolicy(Qt::StrongFocus);
     FocusFix->setGeometry(0, 0, 1, 1);
-    FocusFix->setAccessibleName(QStringLiteral("FocusFix"));
+    // Assistive technology sees the buttons, never this.
+    InstallaAccessibilitaAnello();
     Motore.AggiornaCorone = [this] {
         AggiornaCorone();
         AnnunciaAnello();
@@ -172,14 +174,25 @@ QString FormScansione::NomeParlato(int16_t indice) const {
     return nome.simplified();
 }
 
+bool FormScansione::EAnello(const QObject* oggetto) const {
+    for (const QLabel* corona : Corone)
+        if (corona == oggetto) return true;
+    for (const auto& corone : coroneAltre_)
+        for (const QLabel* corona : corone)
+            if (corona == oggetto) return true;
+    return false;
+}
+
 void FormScansione::AnnunciaAnello() {
-    if (ScansioneParlata != 1 || !isVisible() || InPrimoPiano() != this) return;
+    if (!isVisible() || InPrimoPiano() != this) return;
     const QString nome = NomeParlato(Motore.TastoCorrente);
     Detto& detto = UltimoDetto();
     if (detto.Form == this && detto.Insieme == Motore.InsiemeAttivo() &&
         detto.Indice == Motore.TastoCorrente && detto.Nome == nome)
         return;
     detto = {this, Motore.InsiemeAttivo(), Motore.TastoCorrente, nome};
+    SegnalaAnello(TastiAttivi().value(Motore.TastoCorrente));
+    if (ScansioneParlata != 1) return;
     // An item without a name cuts the last one short all the same: the voice
     // never tells of a place the ring has left.
     if (nome.isEmpty())

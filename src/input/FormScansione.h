@@ -93,9 +93,12 @@ public:
     // What the voice says when the ring arrives on `indice`: the caption, or the
     // tooltip where there is none, or the accessible name.
     virtual QString NomeParlato(int16_t indice) const;
-    // Speaks where the ring stands, if spoken scanning is on, this screen is in
-    // front and the ring has moved since the last time anything was said.
+    // Tells where the ring stands, when this screen is in front and the ring has
+    // moved since it was last told: to assistive technology as the focused item,
+    // and aloud if spoken scanning is on.
     void AnnunciaAnello();
+    // Is `oggetto` one of this screen's rings?
+    bool EAnello(const QObject* oggetto) const;
 
     // A screen whose keys rest on a control of its own (the drawing canvas)
     // gives it here in place of the invisible FocusFix.
