@@ -262,12 +262,7 @@ private slots:
         QVERIFY(s.Finito());
         QCOMPARE(TempoAccettazione, 250);
         // In the archive, with the five settings, for the next run.
-        TempoAccettazione = 0;
-        TempoIgnoraDopoScelta = 0;
-        PrimaAttesa = 1;
-        GiriPrimaDelRiposo = 0;
-        ScansioneParlata = 0;
-        AttendiVoce = 0;
+        RipristinaTempiEVoce();
         LeggiConfigurazione();
         QCOMPARE(TempoAccettazione, 250);
         QCOMPARE(TempoIgnoraDopoScelta, 400);

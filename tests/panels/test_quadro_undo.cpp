@@ -87,6 +87,19 @@ private slots:
         amb.reset();
     }
 
+    void con_la_voce_dice_il_numero_del_passo() {
+        ModalitàFunzionamento = 4;
+        ScansioneParlata = 1;
+        ScriviCopie(3);
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Left);
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QCOMPARE(amb->Parole.Testi(),
+                 (QStringList{QStringLiteral("passo 3"), QStringLiteral("passo 2"),
+                              QStringLiteral("passo 1")}));
+    }
+
     void titolo_scala_strisca_e_scritte() {
         ModalitàFunzionamento = 4;
         ScriviCopie(3);

@@ -46,6 +46,19 @@ void EseguiSql(const QString& percorso, const QString& sql) {
     QSqlDatabase::removeDatabase(QStringLiteral("prep"));
 }
 
+// The configuration table as an older installer made it: the five settings,
+// then `altre` (", name TYPE, ...") of the versions it knew.
+void TabellaConfigurazione(const QString& percorso, const QString& altre) {
+    EseguiSql(percorso, QStringLiteral("DROP TABLE ConfigurazioniGenerali"));
+    EseguiSql(percorso, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
+                                       " \"ModalitàFunzionamento\" SMALLINT NOT NULL,"
+                                       " TastoScelta SMALLINT NOT NULL,"
+                                       " TastoScansione SMALLINT NOT NULL,"
+                                       " TipoInversioneScansione SMALLINT NOT NULL,"
+                                       " TempoLatenzaScansione INTEGER NOT NULL") +
+                            altre + u')');
+}
+
 // The settings row as an outside tool could leave it: same table, no NOT NULL.
 void ScriviImpostazioniSenzaVincoli(int modo, int scelta, int scansione, int inversione,
                                     int latenza) {
@@ -408,13 +421,7 @@ private slots:
     void un_archivio_del_primo_installatore_si_aggiorna_una_volta() {
         // The configuration archive as the first installer made it.
         const QString percorso = PercorsoConfigurazione();
-        EseguiSql(percorso, QStringLiteral("DROP TABLE ConfigurazioniGenerali"));
-        EseguiSql(percorso, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
-                                           " \"ModalitàFunzionamento\" SMALLINT NOT NULL,"
-                                           " TastoScelta SMALLINT NOT NULL,"
-                                           " TastoScansione SMALLINT NOT NULL,"
-                                           " TipoInversioneScansione SMALLINT NOT NULL,"
-                                           " TempoLatenzaScansione INTEGER NOT NULL)"));
+        TabellaConfigurazione(percorso, QString());
         EseguiSql(percorso,
                   QStringLiteral("INSERT INTO ConfigurazioniGenerali VALUES (2, 2, 1, 2, 2500)"));
         EseguiSql(percorso, QStringLiteral("PRAGMA user_version = 0"));
@@ -452,16 +459,10 @@ private slots:
     void un_archivio_della_versione_2_prende_i_tempi_e_la_voce_spenti() {
         // The archive as the installer of the ring's options made it.
         const QString percorso = PercorsoConfigurazione();
-        EseguiSql(percorso, QStringLiteral("DROP TABLE ConfigurazioniGenerali"));
-        EseguiSql(percorso, QStringLiteral("CREATE TABLE ConfigurazioniGenerali ("
-                                           " \"ModalitàFunzionamento\" SMALLINT NOT NULL,"
-                                           " TastoScelta SMALLINT NOT NULL,"
-                                           " TastoScansione SMALLINT NOT NULL,"
-                                           " TipoInversioneScansione SMALLINT NOT NULL,"
-                                           " TempoLatenzaScansione INTEGER NOT NULL,"
-                                           " StampanteScelta TEXT NOT NULL DEFAULT '',"
-                                           " LarghezzaAnello SMALLINT NOT NULL DEFAULT 1,"
-                                           " AltoContrasto SMALLINT NOT NULL DEFAULT 0)"));
+        TabellaConfigurazione(percorso,
+                              QStringLiteral(", StampanteScelta TEXT NOT NULL DEFAULT '',"
+                                             " LarghezzaAnello SMALLINT NOT NULL DEFAULT 1,"
+                                             " AltoContrasto SMALLINT NOT NULL DEFAULT 0"));
         EseguiSql(percorso, QStringLiteral("INSERT INTO ConfigurazioniGenerali VALUES"
                                            " (3, 2, 1, 1, 1800, 'Aula', 3, 1)"));
         EseguiSql(percorso, QStringLiteral("PRAGMA user_version = 2"));

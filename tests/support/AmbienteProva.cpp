@@ -24,6 +24,15 @@
 
 #include <QtTest>
 
+void RipristinaTempiEVoce() {
+    TempoAccettazione = 0;
+    TempoIgnoraDopoScelta = 0;
+    PrimaAttesa = 1;
+    GiriPrimaDelRiposo = 0;
+    ScansioneParlata = 0;
+    AttendiVoce = 0;
+}
+
 void RipristinaGlobali() {
     // start
     FaseAvvio = 0;
@@ -46,12 +55,7 @@ void RipristinaGlobali() {
     TempoLatenzaScansione = 1000;
     LarghezzaAnello = 1;
     AltoContrasto = 0;
-    TempoAccettazione = 0;
-    TempoIgnoraDopoScelta = 0;
-    PrimaAttesa = 1;
-    GiriPrimaDelRiposo = 0;
-    ScansioneParlata = 0;
-    AttendiVoce = 0;
+    RipristinaTempiEVoce();
     CodiceCartellaAttiva = 0;
     NomeCartellaAttiva.clear();
     TestoDaDividere.clear();

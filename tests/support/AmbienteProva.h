@@ -9,6 +9,8 @@
 
 // Puts every global of the program back to its starting value.
 void RipristinaGlobali();
+// The switch timings and the voice as the program starts with them: all off.
+void RipristinaTempiEVoce();
 
 // One test's world: a temporary data folder (XDG_DATA_HOME points at it),
 // clean globals, and the platform's boxes recorded instead of shown.
