@@ -95,10 +95,7 @@ QLabel* Etichetta(QWidget* genitore, int sinistra, int alto, int larghezza, int 
     QPalette p = l->palette();
     p.setColor(QPalette::Window, ColoreRGB(sfondo));
     l->setPalette(p);
-    QFont f(QStringLiteral("Times New Roman"));
-    f.setPointSizeF(punti);
-    f.setBold(true);
-    l->setFont(f);
+    l->setFont(Carattere(QStringLiteral("Times New Roman"), punti, true));
     l->setAlignment(Qt::AlignCenter);
     return l;
 }
@@ -254,7 +251,7 @@ void AmbienteDisegno::ScriviComando(const QString& suggerimento) {
     setWindowTitle(TitoloAmbiente + QStringLiteral("  #  COMANDO: « ") + suggerimento +
                    QStringLiteral(" »"));
     QFont f = MostraInfo->font();
-    f.setPointSize(13);
+    f.setPointSizeF(PuntiSchermo(13));
     MostraInfo->setFont(f);
     MostraInfo->setText(suggerimento);
 }

@@ -3,6 +3,7 @@
 #include "model/Superficie.h"
 
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 VistaSuperficie::VistaSuperficie(Superficie& superficie, QWidget* genitore)
@@ -15,9 +16,17 @@ VistaSuperficie::~VistaSuperficie() {
     superficie_.AvvisoSchermo = nullptr;
 }
 
-void VistaSuperficie::paintEvent(QPaintEvent*) {
+void VistaSuperficie::paintEvent(QPaintEvent* evento) {
     QPainter p(this);
-    p.drawImage(QPoint(0, 0), superficie_.Schermo());
+    const QImage& immagine = superficie_.Schermo();
+    if (immagine.size() == size()) {
+        p.drawImage(evento->rect(), immagine, evento->rect());
+        return;
+    }
+    // On a larger screen the bitmap is shown enlarged, pixel by pixel: a smoothed
+    // copy would show colours the drawing does not have.
+    p.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    p.drawImage(rect(), immagine);
 }
 
 // The canvas takes no pointing: a click there does nothing, not even a beep.

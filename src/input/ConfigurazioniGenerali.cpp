@@ -147,7 +147,7 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     ScrittaStampante = new QLabel(this);
     ScrittaStampante->setObjectName(QStringLiteral("ScrittaStampante"));
     ScrittaStampante->setGeometry(RettangoloTwips(405, 8600, 14445, 450));
-    ScrittaStampante->setFont(QFont(QStringLiteral("Arial"), 10));
+    ScrittaStampante->setFont(Carattere(QStringLiteral("Arial"), 10));
     ScrittaStampante->setTextFormat(Qt::PlainText);
     TastoStampante = new QPushButton(QStringLiteral("Stampante"), this);
     TastoStampante->setObjectName(QStringLiteral("TastoStampante"));
@@ -173,9 +173,7 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
                            TastoChiudiConfigurazioniGenerali}) {
         b->setFocusPolicy(Qt::NoFocus);
         b->setAutoDefault(false);
-        QFont f(QStringLiteral("Arial"), 12);
-        f.setBold(true);
-        b->setFont(f);
+        b->setFont(Carattere(QStringLiteral("Arial"), 12, true));
     }
     connect(TastoRegistraConfigurazioniGenerali, &QPushButton::clicked, this,
             [this] { EseguiProtetto([this] { Registra(); }); });

@@ -9,7 +9,7 @@
 QRadioButton* OpzioneModulo(QWidget* genitore, const QString& testo, const QRect& posto) {
     auto* o = new QRadioButton(testo, genitore);
     o->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    o->setFont(QFont(QStringLiteral("Arial"), 10));
+    o->setFont(Carattere(QStringLiteral("Arial"), 10));
     o->setFocusPolicy(Qt::NoFocus);
     o->setAutoExclusive(false);
     return o;
@@ -18,9 +18,7 @@ QRadioButton* OpzioneModulo(QWidget* genitore, const QString& testo, const QRect
 QGroupBox* QuadroModulo(QWidget* genitore, const QString& titolo, const QRect& posto) {
     auto* q = new QGroupBox(titolo, genitore);
     q->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    QFont f(QStringLiteral("Arial"), 10);
-    f.setBold(true);
-    q->setFont(f);
+    q->setFont(Carattere(QStringLiteral("Arial"), 10, true));
     return q;
 }
 
@@ -28,7 +26,7 @@ QSpinBox* NumeroModulo(QWidget* genitore, const QRect& posto, int minimo, int ma
                        const QString& unita, const QString& zero) {
     auto* n = new QSpinBox(genitore);
     n->setGeometry(RettangoloTwips(posto.x(), posto.y(), posto.width(), posto.height()));
-    n->setFont(QFont(QStringLiteral("Arial"), 10));
+    n->setFont(Carattere(QStringLiteral("Arial"), 10));
     n->setRange(minimo, massimo);
     n->setSingleStep(passo);
     n->setSuffix(unita);

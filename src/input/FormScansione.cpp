@@ -105,8 +105,11 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
         auto* corona = new QLabel(this);
         // A wider ring for users who see little: the same ring, standing further out.
         const int m = margine * std::clamp<int>(LarghezzaAnello, 1, 3);
-        QRect posto =
-            RettangoloTwips(d.Sinistra - m, d.Alto - m, d.Larghezza + 2 * m, d.Altezza + 2 * m);
+        // Grown from the button's own pixels, so that on any scale the ring is as
+        // wide on every side.
+        const int bordo = Px(m);
+        QRect posto = RettangoloTwips(d.Sinistra, d.Alto, d.Larghezza, d.Altezza)
+                          .adjusted(-bordo, -bordo, bordo, bordo);
         // A wide ring near an edge stops at the form's edge, its frame whole.
         if (m != margine && testAttribute(Qt::WA_Resized)) posto &= rect();
         corona->setGeometry(posto);

@@ -17,17 +17,14 @@ QuadroMessaggi::QuadroMessaggi(QWidget* genitore) : FormScansione(101, 103, geni
     ImmiTestoMessaggio->setFocusPolicy(Qt::NoFocus);
     ImmiTestoMessaggio->setTextInteractionFlags(Qt::NoTextInteraction);
     ImmiTestoMessaggio->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    QFont carattere(QStringLiteral("Times New Roman"), 11);
-    carattere.setBold(true);
-    ImmiTestoMessaggio->setFont(carattere);
+    ImmiTestoMessaggio->setFont(Carattere(QStringLiteral("Times New Roman"), 11, true));
     ImmiTestoMessaggio->setAccessibleName(QStringLiteral("Messaggio"));
 
     CreaTasti({{101, 330, 4410, 1260, 570, QString(), QString()},
                {102, 1710, 4410, 1260, 570, QString(), QString()},
                {103, 3090, 4410, 1260, 570, QString(), QString()}},
               60);
-    QFont carattereTasti(QStringLiteral("Arial"), 11);
-    carattereTasti.setBold(true);
+    const QFont carattereTasti = Carattere(QStringLiteral("Arial"), 11, true);
     for (TastoZanto* tasto : std::as_const(Tasti))
         tasto->setFont(carattereTasti);
 

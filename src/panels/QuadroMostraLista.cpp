@@ -34,11 +34,10 @@ const QString& TitoloDi(int16_t tipo) {
 
 // The face of the lines: fixed pitch, so that the brackets stand in one column.
 QFont CarattereRiga(int16_t tipo, const QString& etichetta) {
-    if (tipo == 7) return QFont(LeggiEtichetta(etichetta).Nome, 11);
-    QFont f(QStringLiteral("Lucida Console"), tipo == 8 ? 15 : 9);
+    if (tipo == 7) return Carattere(LeggiEtichetta(etichetta).Nome, 11);
+    QFont f = Carattere(QStringLiteral("Lucida Console"), tipo == 8 ? 15 : 9, true);
     f.setStyleHint(QFont::TypeWriter);
     f.setFixedPitch(true);
-    f.setBold(true);
     return f;
 }
 
@@ -151,10 +150,11 @@ void QuadroMostraLista::ColoraTasto(int16_t indice, uint32_t rgb) {
     const bool contrasto = AltoContrasto == 1 && rgb == ColoreEvidenza;
     tasto->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: %2;"
                                         " border: 1px solid #808080; text-align: left;"
-                                        " padding: 0px 4px; }"
+                                        " padding: 0px %3px; }"
                                         " QPushButton:disabled { color: #808080; }")
                              .arg(contrasto ? QStringLiteral("#000000") : ColoreRGB(rgb).name(),
-                                  contrasto ? QStringLiteral("#ffff00") : QStringLiteral("black")));
+                                  contrasto ? QStringLiteral("#ffff00") : QStringLiteral("black"))
+                             .arg(Px(60)));
 }
 
 void QuadroMostraLista::AttivaQuadroMostraLista() {

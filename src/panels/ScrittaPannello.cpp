@@ -11,10 +11,7 @@ QLabel* ScrittaPannello(QWidget* genitore, const QRect& postoTwips, const QStrin
     auto* l = new QLabel(testo, genitore);
     l->setGeometry(
         RettangoloTwips(postoTwips.x(), postoTwips.y(), postoTwips.width(), postoTwips.height()));
-    QFont f(QStringLiteral("Arial"));
-    f.setPointSizeF(punti);
-    f.setBold(true);
-    l->setFont(f);
+    l->setFont(Carattere(QStringLiteral("Arial"), punti, true));
     QPalette p = l->palette();
     p.setColor(QPalette::WindowText, Qt::white);
     l->setPalette(p);

@@ -27,7 +27,7 @@ SceltaStampanti::SceltaStampanti() {
     ListaStampanti = new QListWidget(this);
     ListaStampanti->setObjectName(QStringLiteral("ListaStampanti"));
     ListaStampanti->setGeometry(RettangoloTwips(240, 560, 6720, 2100));
-    ListaStampanti->setFont(QFont(QStringLiteral("Arial"), 11));
+    ListaStampanti->setFont(Carattere(QStringLiteral("Arial"), 11));
     ListaStampanti->installEventFilter(this);
     // The highlighted name goes to the label, which the confirm reads.
     connect(ListaStampanti, &QListWidget::currentTextChanged, this, [this](const QString& nome) {
@@ -67,9 +67,7 @@ SceltaStampanti::SceltaStampanti() {
         b->setToolTip(QString::fromUtf8(suggerimenti[i]));
         b->setFocusPolicy(Qt::NoFocus);
         b->setAutoDefault(false);
-        QFont f(QStringLiteral("Arial"), 11);
-        f.setBold(true);
-        b->setFont(f);
+        b->setFont(Carattere(QStringLiteral("Arial"), 11, true));
         b->installEventFilter(this);
         TastoSceltaStampante[i] = b;
     }

@@ -11,6 +11,7 @@
 #include "start/GestioneErrori.h"
 #include "start/MappaErrori.h"
 #include "start/MenuGenerale.h"
+#include "start/ScalaSchermo.h"
 #include "start/Utilita.h"
 
 #include <QApplication>
@@ -168,18 +169,8 @@ void CalcolaRadiceDati() {
     CartellaSistema = RadiceDati + '/';
 }
 
-MisureSchermo MisuraSchermo(const QScreen& schermo) {
-    // Qt hands out device-independent sizes and a logical dpi already divided by
-    // its own scaling: the pixels and dots of the screen are those times the ratio.
-    const double rapporto = schermo.devicePixelRatio();
-    return {qRound(schermo.size().width() * rapporto), qRound(schermo.size().height() * rapporto),
-            schermo.logicalDotsPerInchX() * rapporto, schermo.logicalDotsPerInchY() * rapporto};
-}
-
-bool SchermoIdoneo(int larghezza, int altezza, double dpiX, double dpiY) {
-    // 96 dpi is 15 twips to the pixel on both axes; a larger screen is fine.
-    return dpiX == 96.0 && dpiY == 96.0 && larghezza >= DimensioneMinimaX &&
-           altezza >= DimensioneMinimaY;
+bool SchermoIdoneo(int larghezza, int altezza) {
+    return larghezza >= DimensioneMinimaX && altezza >= DimensioneMinimaY;
 }
 
 int AvviaZanto() {
@@ -216,12 +207,15 @@ int AvviaZanto() {
             return 1;
         }
 
+        // Every form is built after this, at the size this screen gives it.
+        const QScreen& schermo = *QGuiApplication::primaryScreen();
+        AdattaAlloSchermo(schermo);
+
         Copertina() = std::make_unique<BaseVuoto>();
         Copertina()->show();
         Copertina()->repaint();
 
-        const MisureSchermo schermo = MisuraSchermo(*QGuiApplication::primaryScreen());
-        if (!SchermoIdoneo(schermo.Larghezza, schermo.Altezza, schermo.DpiX, schermo.DpiY)) {
+        if (!SchermoIdoneo(schermo.size().width(), schermo.size().height())) {
             PuntatorePredefinito();
             Bip();
             if (Messaggio(MessaggiAvvio[2], 2, 1) == 3) {

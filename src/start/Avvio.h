@@ -5,8 +5,6 @@
 
 #include <cstdint>
 
-class QScreen;
-
 // What the start routine leaves for the rest of the program.
 inline int16_t FaseAvvio = 0;     // 1 while starting: an error then ends the program
 inline QString RadiceDati;        // root of all data paths, without a trailing separator
@@ -29,14 +27,7 @@ void ChiudiZanto();
 // Fills RadiceDati and CartellaSistema from the platform's data location.
 void CalcolaRadiceDati();
 
-// The screen in its own pixels and dots per inch, whatever Qt's scaling makes of them.
-struct MisureSchermo {
-    int Larghezza = 0;
-    int Altezza = 0;
-    double DpiX = 0;
-    double DpiY = 0;
-};
-MisureSchermo MisuraSchermo(const QScreen& schermo);
-
-// Is a screen of this size in pixels and these dots per inch fit for the program?
-bool SchermoIdoneo(int larghezza, int altezza, double dpiX, double dpiY);
+// Is a screen of this many device-independent pixels, those every form is laid
+// out in, large enough for the layout? Its dots per inch no longer matter: the
+// fonts are measured against them.
+bool SchermoIdoneo(int larghezza, int altezza);

@@ -31,22 +31,23 @@ BaseVuoto::BaseVuoto(QWidget* genitore) : QWidget(genitore) {
     setGeometry(schermo);
 
     ImmagineScrittaZANTO = new QLabel(this);
-    ImmagineScrittaZANTO->setPixmap(Disegna(QStringLiteral(":/logo-zanto.svg"), QSize(600, 160)));
-    ImmagineScrittaZANTO->setGeometry((schermo.width() - 600) / 2, schermo.height() / 2 - 200, 600,
-                                      160);
+    const QSize logo(Px(9000), Px(2400));
+    ImmagineScrittaZANTO->setPixmap(Disegna(QStringLiteral(":/logo-zanto.svg"), logo));
+    ImmagineScrittaZANTO->setGeometry((schermo.width() - logo.width()) / 2,
+                                      schermo.height() / 2 - Px(3000), logo.width(), logo.height());
 
     AttendereStrBV =
         new QLabel(QStringLiteral("ATTENDERE: Programma «ZANTO» in caricamento!"), this);
-    QFont carattere(QStringLiteral("Arial"), 20);
-    carattere.setBold(true);
-    AttendereStrBV->setFont(carattere);
+    AttendereStrBV->setFont(Carattere(QStringLiteral("Arial"), 20, true));
     AttendereStrBV->setAlignment(Qt::AlignCenter);
     QPalette pt = AttendereStrBV->palette();
     pt.setColor(QPalette::WindowText, Qt::white);
     AttendereStrBV->setPalette(pt);
-    AttendereStrBV->setGeometry(0, schermo.height() / 2, schermo.width(), 60);
+    AttendereStrBV->setGeometry(0, schermo.height() / 2, schermo.width(), Px(900));
 
     AttendereImgBV = new QLabel(this);
-    AttendereImgBV->setPixmap(Disegna(QStringLiteral(":/icone/disegno.svg"), QSize(64, 64)));
-    AttendereImgBV->setGeometry((schermo.width() - 64) / 2, schermo.height() / 2 + 80, 64, 64);
+    const int lato = Px(960);
+    AttendereImgBV->setPixmap(Disegna(QStringLiteral(":/icone/disegno.svg"), QSize(lato, lato)));
+    AttendereImgBV->setGeometry((schermo.width() - lato) / 2, schermo.height() / 2 + Px(1200), lato,
+                                lato);
 }

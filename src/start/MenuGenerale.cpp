@@ -91,8 +91,7 @@ MenuGenerale::MenuGenerale() : FormScansione(101, 105) {
     const char* icone[] = {":/icone/disegno.svg", ":/icone/cartelle.svg",
                            ":/icone/informazioni.svg", ":/icone/configurazioni.svg",
                            ":/icone/esci.svg"};
-    QFont carattere(QStringLiteral("Arial"), 11);
-    carattere.setBold(true);
+    const QFont carattere = Carattere(QStringLiteral("Arial"), 11, true);
     for (int16_t i = 101; i <= 105; ++i) {
         TastoZanto* tasto = Tasti.value(i);
         tasto->setIcon(Icona(QString::fromLatin1(icone[i - 101])));

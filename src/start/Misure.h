@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QRect>
 
 #include <cstdint>
@@ -8,10 +9,18 @@
 // The one conversion from the program's twips to pixels of the screen. Every
 // control's place and size goes through it, so the whole layout scales here.
 inline double ScalaInterfaccia = 1.0;
+// The screen's logical dots per inch: a point size is made to cover as many
+// pixels as on the 96-dpi screen the layout was drawn for.
+inline double DpiCaratteri = 96.0;
 int Px(int twips);
 QRect RettangoloTwips(int sinistra, int alto, int larghezza, int altezza);
 // Back from pixels of the screen to twips, for a place read off a form.
 int Twips(int pixel);
+
+// A point size of the layout as it must be set on this screen, so that text
+// grows with the buttons around it.
+double PuntiSchermo(double punti);
+QFont Carattere(const QString& nome, double punti, bool grassetto = false);
 
 // Colours as the program keeps them, 0x00BBGGRR, to Qt's colour.
 QColor ColoreQt(int32_t bgr);

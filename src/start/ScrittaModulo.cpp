@@ -9,8 +9,6 @@ QLabel* ScrittaModulo(QWidget* genitore, const QString& testo, const QRect& post
     auto* l = new QLabel(testo, genitore);
     l->setGeometry(
         RettangoloTwips(postoTwips.x(), postoTwips.y(), postoTwips.width(), postoTwips.height()));
-    QFont f(QStringLiteral("Arial"), punti);
-    f.setBold(grassetto);
-    l->setFont(f);
+    l->setFont(Carattere(QStringLiteral("Arial"), punti, grassetto));
     return l;
 }

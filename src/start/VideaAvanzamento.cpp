@@ -45,9 +45,7 @@ VideaAvanzamento::VideaAvanzamento(QWidget* genitore)
     ScrittaAttendereAvanzamento->setAlignment(Qt::AlignCenter);
     ScrittaAttendereAvanzamento->setFrameShape(QFrame::Panel);
     ScrittaAttendereAvanzamento->setAutoFillBackground(true);
-    QFont carattere(QStringLiteral("Arial"), 12);
-    carattere.setBold(true);
-    ScrittaAttendereAvanzamento->setFont(carattere);
+    ScrittaAttendereAvanzamento->setFont(Carattere(QStringLiteral("Arial"), 12, true));
 
     Barra.ImpostaBackColor(0xFFFFFF);
     Barra.FontName = QStringLiteral("Arial");

@@ -73,7 +73,7 @@ VisualizzaInformazioni::VisualizzaInformazioni() {
     CasellaInformazioni->setObjectName(QStringLiteral("CasellaInformazioni"));
     CasellaInformazioni->setGeometry(RettangoloTwips(1620, 4530, 12075, 6390));
     CasellaInformazioni->setReadOnly(true);
-    CasellaInformazioni->setFont(QFont(QStringLiteral("Arial"), 12));
+    CasellaInformazioni->setFont(Carattere(QStringLiteral("Arial"), 12));
     CasellaInformazioni->installEventFilter(this);
 
     TastoRitornoMenùGenerale = new QPushButton(QStringLiteral("Chiudi"), this);

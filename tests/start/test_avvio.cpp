@@ -8,6 +8,8 @@
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
+#include "start/Misure.h"
+#include "start/ScalaSchermo.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
@@ -653,21 +655,37 @@ private slots:
         QVERIFY(NessunArchivioAperto());
     }
 
-    void la_misura_dello_schermo_e_nei_suoi_pixel() {
-        const MisureSchermo m = MisuraSchermo(*QGuiApplication::primaryScreen());
-        QCOMPARE(m.Larghezza, 1280);
-        QCOMPARE(m.Altezza, 1024);
-        QCOMPARE(m.DpiX, 96.0);
-        QCOMPARE(m.DpiY, 96.0);
+    void lo_schermo_idoneo_e_almeno_1024_per_768_a_ogni_dpi() {
+        QVERIFY(SchermoIdoneo(1280, 1024));
+        QVERIFY(SchermoIdoneo(1024, 768));
+        QVERIFY(SchermoIdoneo(2560, 1440));
+        QVERIFY(!SchermoIdoneo(1023, 768));
+        QVERIFY(!SchermoIdoneo(1024, 767));
+        QVERIFY(!SchermoIdoneo(819, 614));
     }
 
-    void lo_schermo_idoneo_e_di_96_dpi_e_almeno_1024_per_768() {
-        QVERIFY(SchermoIdoneo(1280, 1024, 96, 96));
-        QVERIFY(SchermoIdoneo(1024, 768, 96, 96));
-        QVERIFY(!SchermoIdoneo(1024, 768, 120, 120));
-        QVERIFY(!SchermoIdoneo(1920, 1200, 120, 96));
-        QVERIFY(!SchermoIdoneo(1023, 768, 96, 96));
-        QVERIFY(!SchermoIdoneo(1024, 767, 96, 96));
+    void la_scala_riempie_lo_schermo_senza_uscirne_e_mai_sotto_uno() {
+        QCOMPARE(ScalaPerSchermo(1024, 768), 1.0);
+        QCOMPARE(ScalaPerSchermo(1366, 768), 1.0);
+        QCOMPARE(ScalaPerSchermo(1920, 1080), 1080.0 / 768.0);
+        QCOMPARE(ScalaPerSchermo(2560, 1440), 1440.0 / 768.0);
+        QCOMPARE(ScalaPerSchermo(2048, 1536), 2.0);
+        QCOMPARE(ScalaPerSchermo(1280, 1024), 1.25); // the width is the limit here
+        QCOMPARE(ScalaPerSchermo(800, 600), 1.0);
+    }
+
+    void l_avvio_sceglie_la_scala_dallo_schermo_e_la_da_ai_caratteri() {
+        const double punti = QApplication::font().pointSizeF();
+        QCOMPARE(AvviaZanto(), -1);
+        // The tests' screen is 1280 x 1024: the width sets the scale, with room
+        // left for a window's borders.
+        QCOMPARE(ScalaInterfaccia, 1264.0 / 1024.0);
+        QCOMPARE(Px(15360), 1264);
+        QCOMPARE(QApplication::font().pointSizeF(), punti * 1264.0 / 1024.0);
+        QCOMPARE(Carattere(QStringLiteral("Arial"), 10).pointSizeF(), 12.34375);
+        RipristinaScala();
+        QCOMPARE(ScalaInterfaccia, 1.0);
+        QCOMPARE(QApplication::font().pointSizeF(), punti);
     }
 
     void su_uno_schermo_idoneo_nessun_avviso() {

@@ -20,6 +20,7 @@
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
+#include "start/ScalaSchermo.h"
 #include "start/Utilita.h"
 
 #include <QtTest>
@@ -42,6 +43,7 @@ void RipristinaGlobali() {
     StampanteDiSistema.clear();
     DimensioneMinimaX = 1024;
     DimensioneMinimaY = 768;
+    RipristinaScala();
     SezioneCorrente = 0;
     EsitoErrore = 0;
     RecordAssente = 0;
