@@ -24,6 +24,7 @@
 #include <QProxyStyle>
 #include <QScreen>
 #include <QSet>
+#include <QTimer>
 #include <QtTest>
 
 #include <memory>
@@ -151,6 +152,52 @@ QString ProblemiDi(FormScansione* f) {
     if (f == nullptr) return QStringLiteral("nessun pannello");
     return FuoriDalloSchermo(f) + AnelliStorti(*f) + ClicSbagliati(*f);
 }
+
+// Looks at every panel that comes to the front above `sotto` and closes it: a
+// question by "NO", else by the button `chiudi`, else by the choice key. It
+// runs from the event loop of whatever panel is open, however many follow.
+class Chiusore {
+public:
+    Chiusore(QWidget* sotto, const QString& chiudi) : stato_(std::make_shared<Stato>()) {
+        stato_->Sotto = sotto;
+        stato_->Chiudi = chiudi;
+        Prossimo(stato_);
+    }
+    ~Chiusore() { stato_->Fermo = true; }
+    Chiusore(const Chiusore&) = delete;
+    Chiusore& operator=(const Chiusore&) = delete;
+    QString Problemi() const { return stato_->Problemi; }
+    int Visti() const { return stato_->Visti; }
+
+private:
+    struct Stato {
+        QWidget* Sotto = nullptr;
+        QString Chiudi;
+        QString Problemi;
+        int Visti = 0;
+        bool Fermo = false;
+    };
+    static void Prossimo(const std::shared_ptr<Stato>& s) {
+        QTimer::singleShot(0, [s] {
+            if (s->Fermo) return;
+            FormScansione* f = FormScansione::InPrimoPiano();
+            if (f != nullptr && f != s->Sotto && f->isVisible()) {
+                ++s->Visti;
+                s->Problemi += ProblemiDi(f);
+                const bool domanda = dynamic_cast<QuadroMessaggi*>(f) != nullptr;
+                TastoZanto* t = TastoDetto(f, domanda ? QStringLiteral("NO") : s->Chiudi);
+                if (t != nullptr)
+                    Clicca(t);
+                else if (s->Chiudi.isEmpty())
+                    PremiTasto(Qt::Key_Return);
+                else
+                    f->done(0);
+            }
+            Prossimo(s);
+        });
+    }
+    std::shared_ptr<Stato> stato_;
+};
 
 } // namespace
 
@@ -309,6 +356,37 @@ private slots:
         ScriviTesto(0);
         QVERIFY(t.Finito());
         QVERIFY2(tastiera.isEmpty(), qPrintable(tastiera));
+    }
+
+    void i_pannelli_dell_ambiente_stanno_nello_schermo_data() {
+        QTest::addColumn<bool>("conAzione");
+        QTest::addColumn<int>("tasto");
+        QTest::addColumn<QString>("chiudi");
+        QTest::addColumn<int>("pannelli");
+        QTest::newRow("impostazioni") << false << 124 << QStringLiteral("Chiudi") << 1;
+        QTest::newRow("messaggio") << false << 119 << QStringLiteral("NO") << 1;
+        QTest::newRow("scelta elemento") << true << 121 << QStringLiteral("Chiudi") << 1;
+        // The time line, then the question whether to go back.
+        QTest::newRow("linea del tempo") << true << 118 << QString() << 2;
+    }
+    void i_pannelli_dell_ambiente_stanno_nello_schermo() {
+        QFETCH(bool, conAzione);
+        QFETCH(int, tasto);
+        QFETCH(QString, chiudi);
+        QFETCH(int, pannelli);
+        Clicca(MenùGeneraleAperto()->Tasti.value(101));
+        AmbienteDisegno* a = AmbienteDisegnoAperto();
+        QVERIFY(a != nullptr);
+        if (conAzione) {
+            // A rectangle placed and fixed by the mouse: the drawing has one action.
+            Clicca(a->Tasti.value(103));
+            Clicca(a->Tasti.value(117));
+            QCOMPARE(NumeroAzioni, 1);
+        }
+        Chiusore chiusore(a, chiudi);
+        Clicca(a->Tasti.value(int16_t(tasto)));
+        QCOMPARE(chiusore.Visti(), pannelli);
+        QVERIFY2(chiusore.Problemi().isEmpty(), qPrintable(chiusore.Problemi()));
     }
 
     void la_lista_sta_nello_schermo() {
