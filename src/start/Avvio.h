@@ -28,6 +28,6 @@ void ChiudiZanto();
 void CalcolaRadiceDati();
 
 // Is a screen of this many device-independent pixels, those every form is laid
-// out in, large enough for the layout? Its dots per inch no longer matter: the
-// fonts are measured against them.
+// out in, large enough for the layout? Its dots per inch do not matter: point
+// sizes are measured against them.
 bool SchermoIdoneo(int larghezza, int altezza);
