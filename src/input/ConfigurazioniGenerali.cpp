@@ -1,5 +1,6 @@
 #include "input/ConfigurazioniGenerali.h"
 
+#include "input/AnelloConfigurazioni.h"
 #include "input/ControlliConfigurazione.h"
 #include "input/PaginaSensori.h"
 #include "input/QuadroMessaggi.h"
@@ -13,6 +14,8 @@
 #include "start/Misure.h"
 #include "start/ScrittaModulo.h"
 
+#include <QCloseEvent>
+#include <QCoreApplication>
 #include <QCursor>
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -32,6 +35,9 @@ std::unique_ptr<ConfigurazioniGenerali>& Modulo() {
     static std::unique_ptr<ConfigurazioniGenerali> modulo;
     return modulo;
 }
+
+// Where "Chiudi" stands, in twips.
+const QRect PostoChiudi(11800, 9700, 2700, 900);
 
 const char* const EtichetteModi[4] = {
     "SCANSIONE AUTOMATICA ad 1 Tasto    (Solo Tasto Scelta = Invio) ",
@@ -168,7 +174,8 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     TastoRegistraConfigurazioniGenerali = new QPushButton(QStringLiteral("Registra"), this);
     TastoRegistraConfigurazioniGenerali->setGeometry(RettangoloTwips(8700, 9700, 2700, 900));
     TastoChiudiConfigurazioniGenerali = new QPushButton(QStringLiteral("Chiudi"), this);
-    TastoChiudiConfigurazioniGenerali->setGeometry(RettangoloTwips(11800, 9700, 2700, 900));
+    TastoChiudiConfigurazioniGenerali->setGeometry(RettangoloTwips(
+        PostoChiudi.x(), PostoChiudi.y(), PostoChiudi.width(), PostoChiudi.height()));
     for (QPushButton* b : {TastoSensori, TastoStampante, TastoRegistraConfigurazioniGenerali,
                            TastoChiudiConfigurazioniGenerali}) {
         b->setFocusPolicy(Qt::NoFocus);
@@ -357,6 +364,32 @@ void ConfigurazioniGenerali::Chiudi() {
     PuntatorePredefinito();
 }
 
+void ConfigurazioniGenerali::MettiAnello() {
+    if (AnelloChiudi != nullptr) return;
+    AnelloChiudi = new AnelloConfigurazioni(
+        this, PostoChiudi, [this] { Chiudi(); }, [this](int tasto) { return TastoDiretto(tasto); });
+    // One "Chiudi" on the form: the ring's.
+    TastoChiudiConfigurazioniGenerali->hide();
+    TastoChiudiConfigurazioniGenerali = AnelloChiudi->TastoChiudi();
+}
+
+bool ConfigurazioniGenerali::AlAnello(QEvent* evento) {
+    if (AnelloChiudi == nullptr || !AnelloChiudi->isVisible()) return false;
+    if (evento->type() != QEvent::KeyPress && evento->type() != QEvent::KeyRelease) return false;
+    if (!AnelloConfigurazioni::TastoDelAnello(CodiceTasto(static_cast<QKeyEvent*>(evento))))
+        return false;
+    // The switch reaches the ring from wherever the focus was left.
+    QCoreApplication::sendEvent(AnelloChiudi->FocusFix, evento);
+    return true;
+}
+
+void ConfigurazioniGenerali::closeEvent(QCloseEvent* evento) {
+    // The window's own close button is "Chiudi", question and all: the
+    // program ends only through "Esci", which writes the active folder.
+    evento->ignore();
+    if (isVisible() && ConfigurazioniAperte() == this) EseguiProtetto([this] { Chiudi(); });
+}
+
 bool ConfigurazioniGenerali::TastoDiretto(int tasto) {
     int16_t modo = 0;
     int16_t tasti = 0;
@@ -397,6 +430,7 @@ bool ConfigurazioniGenerali::TastoDiretto(int tasto) {
     if (tasti != 0) ClickTasti(tasti);
     if (inversione != 0) ClickInversione(inversione);
     Registra();
+    if (AnelloChiudi != nullptr) AnelloChiudi->Riprendi();
     return true;
 }
 
@@ -413,6 +447,7 @@ bool ConfigurazioniGenerali::FiltroLatenza(QKeyEvent* evento) {
 }
 
 bool ConfigurazioniGenerali::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (AlAnello(evento)) return true;
     if (evento->type() != QEvent::KeyPress) return QWidget::eventFilter(oggetto, evento);
     auto* tasto = static_cast<QKeyEvent*>(evento);
     bool preso = false;
@@ -431,24 +466,34 @@ bool ConfigurazioniGenerali::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 void ConfigurazioniGenerali::keyPressEvent(QKeyEvent* evento) {
+    if (AlAnello(evento)) return;
     EseguiProtetto([&] {
         if (evento->key() != Qt::Key_Tab) TastoDiretto(evento->key());
     });
+}
+
+void ConfigurazioniGenerali::keyReleaseEvent(QKeyEvent* evento) {
+    if (!AlAnello(evento)) QWidget::keyReleaseEvent(evento);
 }
 
 ConfigurazioniGenerali* ConfigurazioniAperte() {
     return Modulo().get();
 }
 
-ConfigurazioniGenerali* CaricaConfigurazioniGenerali() {
+ConfigurazioniGenerali* CaricaConfigurazioniGenerali(bool conAnello) {
     Modulo() = std::make_unique<ConfigurazioniGenerali>();
     ConfigurazioniGenerali* modulo = Modulo().get();
     modulo->AttivaConfigurazioniGenerali();
+    if (conAnello) modulo->MettiAnello();
     const QRect schermo = QGuiApplication::primaryScreen()->availableGeometry();
     modulo->move(schermo.center() - modulo->rect().center());
     modulo->show();
     modulo->activateWindow();
-    modulo->ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
+    // Reached by the switch, the keys rest on the ring.
+    if (modulo->AnelloChiudi != nullptr)
+        modulo->AnelloChiudi->FocusFix->setFocus(Qt::OtherFocusReason);
+    else
+        modulo->ImmiTempoLatenzaScans->setFocus(Qt::OtherFocusReason);
     // The one form on which a pointer is wanted: in its middle.
     QCursor::setPos(modulo->mapToGlobal(modulo->rect().center()));
     return modulo;

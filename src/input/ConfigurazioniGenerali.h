@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+class AnelloConfigurazioni;
 class QGroupBox;
 class PaginaSensori;
 class QLabel;
@@ -13,7 +14,8 @@ class QRadioButton;
 
 // The five scanning settings, seen and changed by whoever sets the program up
 // for its user: with the mouse, or with the direct keys, which store at once.
-// It does not scan. It replaces the main menu and brings it back on "Chiudi".
+// It does not scan; but reached by the switch, its "Chiudi" gets a ring of its
+// own. It replaces the main menu and brings it back on "Chiudi".
 class ConfigurazioniGenerali : public QWidget {
 public:
     ConfigurazioniGenerali();
@@ -49,6 +51,9 @@ public:
     // The second page, for switches and the voice, and the button that turns to it and back.
     PaginaSensori* Sensori = nullptr;
     QPushButton* TastoSensori = nullptr;
+    // The ring on "Chiudi" when the form was opened by a key of the switch;
+    // "Chiudi" is then its button.
+    AnelloConfigurazioni* AnelloChiudi = nullptr;
 
     void ClickModo(int16_t indice);
     void ClickTasti(int16_t indice);
@@ -59,10 +64,14 @@ public:
     void Chiudi();
     void Stampante();
     void CambiaPagina();
+    // Gives "Chiudi" its ring, before the form is shown.
+    void MettiAnello();
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void keyReleaseEvent(QKeyEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
 
 private:
     void MostraQuadri();
@@ -70,6 +79,7 @@ private:
     void MostraStampante();
     bool TastoDiretto(int tasto);
     bool FiltroLatenza(QKeyEvent* evento);
+    bool AlAnello(QEvent* evento);
 };
 
 // Global: 1 while the form fills its controls, whose change routines then do nothing.
@@ -77,7 +87,8 @@ inline int16_t CaricamentoConfigurazioni = 0;
 
 // The form while it is open, or nullptr.
 ConfigurazioniGenerali* ConfigurazioniAperte();
-// Loads the form, fills it and shows it in the middle of the screen.
-ConfigurazioniGenerali* CaricaConfigurazioniGenerali();
+// Loads the form, fills it and shows it in the middle of the screen; with
+// `conAnello` (opened by the switch) its "Chiudi" scans.
+ConfigurazioniGenerali* CaricaConfigurazioniGenerali(bool conAnello = false);
 // At the very end, outside any event of its own.
 void DistruggiConfigurazioniGenerali();

@@ -10,6 +10,7 @@
 
 #include <QChildEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 namespace {
 QList<FormScansione*>& FormAperti() {
@@ -339,6 +340,7 @@ void FormScansione::EseguiTasto(int codice, int modificatori, int tastoQt, const
         modo == 4 ? codice == CodiciTasto::Invio : MotoreScansione::TastoDiScelta(codice);
     if (scelta) IstanteUltimaScelta = OrologioCorrente().Adesso();
     Protetto([this, codice, modificatori, tastoQt, testo] {
+        const QScopedValueRollback<bool> daTasto(SceltaDaTasto, true);
         if (codice == CodiciTasto::Invio) {
             for (TastoZanto* tasto : std::as_const(TastiAttivi())) {
                 if (tasto->Predefinito && tasto->isVisible() && tasto->isEnabled()) {

@@ -53,6 +53,8 @@ public:
     int16_t TastoMarcato = 0; // 0: no marked button
     // Does this screen report its ring through AvvisoComandoAmbiente?
     bool InformaAmbiente = false;
+    // True while a key routine runs: a choice by the switch, not by the mouse.
+    bool SceltaDaTasto = false;
 
     // The front scanning form: the one that gets the keys.
     static FormScansione* InPrimoPiano();

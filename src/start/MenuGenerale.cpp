@@ -215,11 +215,27 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
         return;
     case 104:
         PuntatoreClessidra();
-        CaricaConfigurazioniGenerali();
+        // Reached by the switch, the form must also be left by it.
+        CaricaConfigurazioniGenerali(SceltaDaTasto);
         ScaricaMenùGenerale();
         PuntatorePredefinito();
         return;
     case 105:
+        // With a ring that walks by itself one mistimed press must not end the
+        // user's time: the program asks first, with the ring on "NO".
+        if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) {
+            ParcheggiaMouse();
+            const int16_t esito = Messaggio(
+                Righe({QStringLiteral("ATTENZIONE!"), QStringLiteral("Si vuole davvero uscire"),
+                       QStringLiteral("dal Programma «ZANTO»?"),
+                       QStringLiteral("Premere «S I» per uscire"),
+                       QStringLiteral("oppure «NO» per restare!")}),
+                3, 2);
+            if (esito != 1) {
+                Riprendi();
+                return;
+            }
+        }
         ChiudiZanto();
         return;
     default:

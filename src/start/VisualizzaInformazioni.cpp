@@ -2,15 +2,20 @@
 
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
+#include "input/FormScansione.h"
 #include "input/IconaSvg.h"
+#include "input/MotoreScansione.h"
+#include "input/Orologio.h"
 #include "panels/LettoreRtf.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
+#include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
 #include "start/MenuGenerale.h"
 #include "start/Misure.h"
 #include "start/ScrittaModulo.h"
 
+#include <QCloseEvent>
 #include <QFile>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -40,6 +45,13 @@ QLabel* Scritta(QWidget* genitore, int alto, int altezza, int punti, bool grasse
 bool TastoSoloModificatore(int tasto) {
     return tasto == Qt::Key_Shift || tasto == Qt::Key_Control || tasto == Qt::Key_Alt ||
            tasto == Qt::Key_AltGr || tasto == Qt::Key_Meta || tasto == 0;
+}
+
+// Enter, and the choice key of the mode whatever it is: a single switch on
+// the bar must get out as one on Enter does.
+bool TastoDiUscita(int codice) {
+    if (codice == CodiciTasto::Invio) return true;
+    return ModalitàFunzionamento != 4 && MotoreScansione::TastoDiScelta(codice);
 }
 
 } // namespace
@@ -90,7 +102,9 @@ void VisualizzaInformazioni::AttivaVisualizzaInformazioni() {
     ScrittaInformazioni[1]->setText(MessaggiAvvio.value(6));
     ScrittaInformazioni[2]->setText(MessaggiAvvio.value(7));
     ScrittaInformazioni[3]->setText(
-        QStringLiteral("Per uscire da questa pagina premere Invio oppure «Chiudi»."));
+        ModalitàFunzionamento != 4 && TastoScelta == 2
+            ? QStringLiteral("Per uscire da questa pagina premere la Barra, Invio oppure «Chiudi».")
+            : QStringLiteral("Per uscire da questa pagina premere Invio oppure «Chiudi»."));
     // The program folder's copy, which a therapist may rewrite; without it the
     // program's own.
     const QString percorso = PercorsoInformazioni();
@@ -118,9 +132,24 @@ void VisualizzaInformazioni::mousePressEvent(QMouseEvent*) {
     Bip();
 }
 
+void VisualizzaInformazioni::closeEvent(QCloseEvent* evento) {
+    // The window's own close button goes back to the menu like "Chiudi": the
+    // program ends only through "Esci", which writes the active folder.
+    evento->ignore();
+    if (isVisible() && InformazioniAperte() == this) EseguiProtetto([this] { Chiudi(); });
+}
+
 void VisualizzaInformazioni::Tasto(QKeyEvent* evento) {
     if (evento->isAutoRepeat() || TastoSoloModificatore(evento->key())) return;
-    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
+    const int codice = CodiceTasto(evento);
+    if (codice == CodiciTasto::Invio || codice == CodiciTasto::Spazio) {
+        // The tremor that follows the choice which opened the form is no press.
+        const int64_t adesso = OrologioCorrente().Adesso();
+        if (TempoIgnoraDopoScelta > 0 && adesso - IstanteUltimaScelta < TempoIgnoraDopoScelta)
+            return;
+    }
+    if (TastoDiUscita(codice)) {
+        IstanteUltimaScelta = OrologioCorrente().Adesso();
         Chiudi();
         return;
     }

@@ -8,8 +8,8 @@ class QTextEdit;
 
 // What the program is and how it is used: four lines, the information text
 // of the program folder, and "Chiudi". It replaces the main menu and brings it
-// back when it closes. It does not scan: Enter leaves, every other key beeps,
-// so that a single switch on Enter gets out.
+// back when it closes. It does not scan: Enter or the mode's choice key leaves,
+// every other key beeps, so that a single switch gets out whichever key it is.
 class VisualizzaInformazioni : public QWidget {
 public:
     VisualizzaInformazioni();
@@ -24,6 +24,7 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
 
 private:
     void Chiudi();

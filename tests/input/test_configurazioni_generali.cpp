@@ -1,6 +1,8 @@
 // The configuration form from the main menu: its frames by mode, the red
 // captions, the latency box and its key filter, Registra with its three
-// messages and its ends, Chiudi with its question, the direct keys.
+// messages and its ends, Chiudi with its question, the direct keys; reached
+// by the switch, the ring on "Chiudi" that leads back with the user's own key.
+#include "input/AnelloConfigurazioni.h"
 #include "input/ConfigurazioniGenerali.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/ProvaPannello.h"
@@ -8,10 +10,13 @@
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
+#include "start/Misure.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
 
 #include <QGroupBox>
+#include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -49,6 +54,32 @@ class ProvaConfigurazioniGenerali : public QObject, MondoMenu {
         RegistraConfigurazione();
         MenuGenerale* m = Menu(modo);
         QTest::mouseClick(m->Tasti.value(104), Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return ConfigurazioniAperte();
+    }
+    // The key a user in `modo` chooses with.
+    static Qt::Key TastoDiScelta(int16_t modo) {
+        return modo != 4 && TastoScelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+    }
+    // The menu in `modo` with choice key `scelta`, stored as such, then its
+    // button 104 reached and chosen by keys as the user would.
+    ConfigurazioniGenerali* ApriColTasto(int16_t modo, int16_t scelta) {
+        ModalitàFunzionamento = modo;
+        TastoScelta = scelta;
+        TastoScansione = int16_t(3 - scelta);
+        RegistraConfigurazione();
+        MenuGenerale* m = Menu(modo);
+        if (modo == 1 || modo == 2) {
+            orologio->Avanza(3 * TempoLatenzaScansione);
+        } else {
+            const Qt::Key passo = modo == 4     ? Qt::Key_Right
+                                  : scelta == 2 ? Qt::Key_Return
+                                                : Qt::Key_Space;
+            for (int i = 0; i < 3; ++i)
+                PremiTasto(passo);
+        }
+        if (m->Motore.TastoCorrente != 104) return nullptr;
+        PremiTasto(TastoDiScelta(modo));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return ConfigurazioniAperte();
     }
@@ -226,6 +257,151 @@ private slots:
         QCOMPARE(TastoScelta, int16_t(2));
         QCOMPARE(Archiviate().at(1), 2);
         QCOMPARE(TestoQuadroMessaggi, QString());
+    }
+
+    void raggiunta_col_tasto_il_suo_chiudi_scandisce_data() {
+        QTest::addColumn<int>("modo");
+        QTest::addColumn<int>("scelta");
+        QTest::newRow("modo 1, scelta Invio") << 1 << 1;
+        QTest::newRow("modo 1, scelta Barra") << 1 << 2;
+        QTest::newRow("modo 2, scelta Barra") << 2 << 2;
+        QTest::newRow("modo 3, scelta Invio") << 3 << 1;
+        QTest::newRow("modo 3, scelta Barra") << 3 << 2;
+        QTest::newRow("modo 4") << 4 << 1;
+    }
+    void raggiunta_col_tasto_il_suo_chiudi_scandisce() {
+        QFETCH(int, modo);
+        QFETCH(int, scelta);
+        ConfigurazioniGenerali* c = ApriColTasto(int16_t(modo), int16_t(scelta));
+        QVERIFY(c != nullptr);
+        const QList<int> prima = Archiviate();
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        AnelloConfigurazioni* a = c->AnelloChiudi;
+        QVERIFY(a != nullptr);
+        QCOMPARE(FormScansione::InPrimoPiano(), a);
+        QVERIFY(a->Corone.value(1)->isVisible());
+        QVERIFY(a->TastoChiudi()->isVisible());
+        QCOMPARE(c->TastoChiudiConfigurazioniGenerali, a->TastoChiudi());
+        QCOMPARE(a->TastoChiudi()->text(), QStringLiteral("Chiudi"));
+        // The ring stands where "Chiudi" always stood, inside the form.
+        QVERIFY(c->rect().contains(a->geometry()));
+        QCOMPARE(a->mapTo(c, a->TastoChiudi()->geometry().topLeft()),
+                 RettangoloTwips(11800, 9700, 2700, 900).topLeft());
+        QCOMPARE(a->Motore.ScansioneAttiva, int16_t(modo == 1 || modo == 2 ? 1 : 0));
+        // Time passes and the form stays; the user's own key leads back.
+        orologio->Avanza(10 * TempoLatenzaScansione);
+        QVERIFY(ConfigurazioniAperte() == c);
+        const int bip = ContatoreBip;
+        QVERIFY(PremiTasto(TastoDiScelta(int16_t(modo))));
+        QVERIFY(ConfigurazioniAperte() == nullptr);
+        MenuGenerale* m = MenùGeneraleAperto();
+        QVERIFY(m != nullptr && m->isVisible());
+        QCOMPARE(FormScansione::InPrimoPiano(), m);
+        QCOMPARE(ContatoreBip, bip);
+        QCOMPARE(Archiviate(), prima);
+        if (modo == 1 || modo == 2) {
+            orologio->Avanza(TempoLatenzaScansione);
+            QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
+        }
+    }
+
+    void aperta_col_mouse_resta_com_e_senza_anello() {
+        ConfigurazioniGenerali* c = Apri(1);
+        QVERIFY(c != nullptr);
+        QVERIFY(c->AnelloChiudi == nullptr);
+        QVERIFY(FormScansione::InPrimoPiano() == nullptr);
+        QVERIFY(c->TastoChiudiConfigurazioniGenerali->isVisible());
+        QCOMPARE(c->focusWidget(), c->ImmiTempoLatenzaScans);
+    }
+
+    void dopo_un_cambiamento_la_domanda_si_scandisce_e_nulla_si_registra_data() {
+        QTest::addColumn<int>("scelta");
+        QTest::newRow("scelta Invio") << 1;
+        QTest::newRow("scelta Barra") << 2;
+    }
+    void dopo_un_cambiamento_la_domanda_si_scandisce_e_nulla_si_registra() {
+        QFETCH(int, scelta);
+        ConfigurazioniGenerali* c = ApriColTasto(1, int16_t(scelta));
+        QVERIFY(c != nullptr && c->AnelloChiudi != nullptr);
+        const QList<int> prima = Archiviate();
+        const Qt::Key tasto = TastoDiScelta(1);
+        // Someone changed a mode with the mouse and left the focus in the box.
+        QTest::mouseClick(c->OpzioneModalitàFunzionamento[2], Qt::LeftButton);
+        c->ImmiTempoLatenzaScans->setFocus(Qt::MouseFocusReason);
+        QCOMPARE(c->ModificheEffettuate, int16_t(1));
+        // The switch reaches the ring from the box; the question holds "Annulla" first.
+        int16_t primo = 0;
+        QString domanda;
+        Copione s(*orologio);
+        s.Esegui([&] {
+            domanda = TestoQuadroMessaggi;
+            primo = FormScansione::InPrimoPiano()->Motore.TastoCorrente;
+        });
+        s.Tasto(tasto);
+        s.Avvia();
+        Premi(c, tasto, tasto == Qt::Key_Space ? QStringLiteral(" ") : QStringLiteral("\r"));
+        QVERIFY(s.Finito());
+        QVERIFY(domanda.contains(QStringLiteral("PERSI DEFINITIVAMENTE!")));
+        QCOMPARE(primo, int16_t(103));
+        QCOMPARE(EsitoQuadroMessaggi, int16_t(3));
+        QVERIFY(ConfigurazioniAperte() == c);
+        QCOMPARE(c->ImmiTempoLatenzaScans->text(), QStringLiteral("1000"));
+        // The ring walks again; this time the pick waits for "OK".
+        QCOMPARE(c->AnelloChiudi->Motore.ScansioneAttiva, int16_t(1));
+        orologio->Avanza(3 * TempoLatenzaScansione);
+        Copione s2(*orologio);
+        s2.Attendi(TempoLatenzaScansione).Tasto(tasto);
+        s2.Avvia();
+        QVERIFY(PremiTasto(tasto));
+        QVERIFY(s2.Finito());
+        QCOMPARE(EsitoQuadroMessaggi, int16_t(1));
+        QVERIFY(ConfigurazioniAperte() == nullptr);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+        QCOMPARE(ModalitàFunzionamento, int16_t(1));
+        QCOMPARE(Archiviate(), prima);
+    }
+
+    void col_anello_i_tasti_diretti_restano_e_cambiano_il_tasto_di_uscita() {
+        ConfigurazioniGenerali* c = ApriColTasto(1, 1);
+        QVERIFY(c != nullptr && c->AnelloChiudi != nullptr);
+        TestoQuadroMessaggi.clear();
+        // F5 on the ring, as on the rest of the form: the bar chooses from now on.
+        QVERIFY(PremiTasto(Qt::Key_F5));
+        QCOMPARE(TastoScelta, int16_t(2));
+        QCOMPARE(Archiviate().at(1), 2);
+        QCOMPARE(TestoQuadroMessaggi, QString());
+        QVERIFY(ConfigurazioniAperte() == c);
+        QCOMPARE(c->AnelloChiudi->Motore.ScansioneAttiva, int16_t(1));
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(ConfigurazioniAperte() == c);
+        QVERIFY(PremiTasto(Qt::Key_Space));
+        QVERIFY(ConfigurazioniAperte() == nullptr);
+    }
+
+    void la_chiusura_della_finestra_e_chiudi_e_non_finisce_il_programma() {
+        ConfigurazioniGenerali* c = Apri(1);
+        QSignalSpy ultima(qGuiApp, &QGuiApplication::lastWindowClosed);
+        QTest::mouseClick(c->OpzioneModalitàFunzionamento[3], Qt::LeftButton);
+        // The question comes as for "Chiudi"; "Annulla" keeps the form.
+        QString domanda;
+        Copione s(*orologio);
+        s.Esegui([&] { domanda = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        s.Avvia();
+        QVERIFY(!c->close());
+        QVERIFY(s.Finito());
+        QVERIFY(domanda.contains(QStringLiteral("PERSI DEFINITIVAMENTE!")));
+        QVERIFY(ConfigurazioniAperte() == c && c->isVisible());
+        // "OK" goes back to the menu, nothing stored, the program still there.
+        Copione s2(*orologio);
+        s2.Attendi(TempoLatenzaScansione).Tasto(Qt::Key_Return);
+        s2.Avvia();
+        QVERIFY(!c->close());
+        QVERIFY(s2.Finito());
+        QVERIFY(ConfigurazioniAperte() == nullptr);
+        QVERIFY(MenùGeneraleAperto() != nullptr && MenùGeneraleAperto()->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(ultima.count(), 0);
+        QCOMPARE(Archiviate().at(0), 1);
     }
 
     void f11_con_la_latenza_vuota_avvisa_e_non_cambia() {

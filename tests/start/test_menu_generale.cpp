@@ -43,6 +43,13 @@ void AggiungiCartella(int codice, const QString& nome) {
     QVERIFY(q.exec());
 }
 
+// "Esci" ends the application's event loops, and every modal loop opened
+// after it would end at once: a run of the application's loop starts them again.
+void RiapriCicli() {
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+    QCoreApplication::exec();
+}
+
 } // namespace
 
 class ProvaMenuGenerale : public QObject {
@@ -273,6 +280,86 @@ private slots:
         QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 42 \r\n"));
         QVERIFY(MenùGeneraleAperto() == nullptr);
         QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void esci_in_modo_1_chiede_prima_col_no_per_primo_data() {
+        QTest::addColumn<int>("scelta");
+        QTest::newRow("scelta Invio") << 1;
+        QTest::newRow("scelta Barra") << 2;
+    }
+    void esci_in_modo_1_chiede_prima_col_no_per_primo() {
+        QFETCH(int, scelta);
+        TastoScelta = int16_t(scelta);
+        TastoScansione = int16_t(3 - scelta);
+        const int tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        RiapriCicli();
+        AggiungiCartella(42, QStringLiteral("Scuola"));
+        ScriviFile(PercorsoCartellaAttiva(), " 42 \r\n");
+        MenuGenerale* m = Menu(1);
+        orologio->Avanza(4 * 1000);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(105));
+        QString titolo;
+        QString testo;
+        int16_t primo = 0;
+        int16_t dopo = 0;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            auto* q = static_cast<QuadroMessaggi*>(FormScansione::InPrimoPiano());
+            titolo = q->windowTitle();
+            testo = TestoQuadroMessaggi;
+            primo = q->Motore.TastoCorrente;
+        });
+        // The pick falls on "NO": the menu stays and its ring walks on.
+        c.Tasto(tasto);
+        c.Avvia();
+        QVERIFY(PremiTasto(tasto));
+        QVERIFY(c.Finito());
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO»  -  INFORMAZIONI  E  SCELTE"));
+        QVERIFY(testo.contains(QStringLiteral("uscire")));
+        QCOMPARE(primo, int16_t(103));
+        QCOMPARE(EsitoQuadroMessaggi, int16_t(2));
+        QVERIFY(MenùGeneraleAperto() == m);
+        QCOMPARE(FormScansione::InPrimoPiano(), m);
+        QVERIFY(QSqlDatabase::contains(ArchivioDisegni));
+        QCOMPARE(m->Motore.ScansioneAttiva, int16_t(1));
+        orologio->Avanza(1000);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(101));
+        // Round again to "Esci"; this time the ring reaches "S I" before the pick.
+        orologio->Avanza(4 * 1000);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(105));
+        Copione c2(*orologio);
+        c2.Esegui([&] { primo = FormScansione::InPrimoPiano()->Motore.TastoCorrente; });
+        c2.Attendi(1000);
+        c2.Esegui([&] { dopo = FormScansione::InPrimoPiano()->Motore.TastoCorrente; });
+        c2.Tasto(tasto);
+        c2.Avvia();
+        QVERIFY(PremiTasto(tasto));
+        QVERIFY(c2.Finito());
+        QCOMPARE(primo, int16_t(103));
+        QCOMPARE(dopo, int16_t(101));
+        QCOMPARE(EsitoQuadroMessaggi, int16_t(1));
+        QVERIFY(!QSqlDatabase::contains(ArchivioDisegni));
+        QCOMPARE(LeggiFile(PercorsoCartellaAttiva()), QStringLiteral(" 42 \r\n"));
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void esci_in_modo_2_chiede_anche_al_mouse_e_in_modo_3_no() {
+        RiapriCicli();
+        MenuGenerale* m = Menu(2);
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return);
+        c.Avvia();
+        QTest::mouseClick(m->Tasti.value(105), Qt::LeftButton);
+        QVERIFY(c.Finito());
+        QCOMPARE(EsitoQuadroMessaggi, int16_t(2));
+        QVERIFY(MenùGeneraleAperto() == m);
+        DistruggiMenùGenerale();
+        // A manual ring moves only when the user moves it: one press, out.
+        m = Menu(3);
+        QTest::mouseClick(m->Tasti.value(105), Qt::LeftButton);
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(!QSqlDatabase::contains(ArchivioDisegni));
     }
 
     void esci_non_scrive_la_riga_delle_impostazioni() {

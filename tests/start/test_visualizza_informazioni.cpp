@@ -1,6 +1,7 @@
 // The information form from the main menu: its lines and the information text
-// of the program folder, Enter to leave in every mode, every other key a beep,
-// "Chiudi" by the mouse, and the program's own text when the folder's is gone.
+// of the program folder, Enter or the mode's choice key to leave in every mode,
+// every other key a beep, "Chiudi" by the mouse or the window's own close
+// button, and the program's own text when the folder's is gone.
 #include "archive/Archivi.h"
 #include "input/QuadroMessaggi.h"
 #include "start/Avvio.h"
@@ -13,6 +14,7 @@
 #include "support/MondoMenu.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTextEdit>
@@ -31,7 +33,7 @@ class ProvaVisualizzaInformazioni : public QObject, MondoMenu {
             orologio->Avanza(2 * TempoLatenzaScansione);
         }
         if (m->Motore.TastoCorrente != 103) return nullptr;
-        PremiTasto(Qt::Key_Return);
+        PremiTasto(modo != 4 && TastoScelta == 2 ? Qt::Key_Space : Qt::Key_Return);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return InformazioniAperte();
     }
@@ -100,6 +102,76 @@ private slots:
         QCOMPARE(m->Motore.TastoCorrente, int16_t(101));
         orologio->Avanza(TempoLatenzaScansione);
         QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
+    }
+
+    void in_modo_1_esce_col_tasto_di_scelta_qualunque_sia_data() {
+        QTest::addColumn<int>("scelta");
+        QTest::newRow("scelta Invio") << 1;
+        QTest::newRow("scelta Barra") << 2;
+    }
+    void in_modo_1_esce_col_tasto_di_scelta_qualunque_sia() {
+        QFETCH(int, scelta);
+        TastoScelta = int16_t(scelta);
+        TastoScansione = int16_t(3 - scelta);
+        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        // In by the choice key on the menu's ring, out by the same key.
+        VisualizzaInformazioni* v = Apri(1);
+        QVERIFY(v != nullptr);
+        QVERIFY(v->ScrittaInformazioni[3]->text().contains(scelta == 2 ? QStringLiteral("Barra")
+                                                                       : QStringLiteral("Invio")));
+        orologio->Avanza(3 * TempoLatenzaScansione);
+        const int prima = ContatoreBip;
+        Premi(v, tasto);
+        QVERIFY(InformazioniAperte() == nullptr);
+        QCOMPARE(ContatoreBip, prima);
+        MenuGenerale* m = MenùGeneraleAperto();
+        QVERIFY(m != nullptr && m->isVisible());
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(101));
+        orologio->Avanza(TempoLatenzaScansione);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
+    }
+
+    void con_la_barra_di_scelta_invio_esce_ancora_e_gli_altri_suonano() {
+        TastoScelta = 2;
+        TastoScansione = 1;
+        VisualizzaInformazioni* v = Apri(2);
+        QVERIFY(v != nullptr);
+        const int prima = ContatoreBip;
+        for (int tasto : {Qt::Key_A, Qt::Key_Down, Qt::Key_Escape})
+            Premi(v, tasto);
+        QCOMPARE(ContatoreBip, prima + 3);
+        QVERIFY(InformazioniAperte() == v);
+        Premi(v, Qt::Key_Return);
+        QVERIFY(InformazioniAperte() == nullptr);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+    }
+
+    void il_tremito_dopo_la_scelta_non_fa_uscire() {
+        TastoScelta = 2;
+        TastoScansione = 1;
+        TempoIgnoraDopoScelta = 400;
+        VisualizzaInformazioni* v = Apri(1);
+        QVERIFY(v != nullptr);
+        orologio->Avanza(100);
+        Premi(v, Qt::Key_Space);
+        QVERIFY(InformazioniAperte() == v);
+        orologio->Avanza(400);
+        Premi(v, Qt::Key_Space);
+        QVERIFY(InformazioniAperte() == nullptr);
+        QVERIFY(MenùGeneraleAperto() != nullptr);
+    }
+
+    void la_chiusura_della_finestra_torna_al_menu_senza_finire_il_programma() {
+        VisualizzaInformazioni* v = Apri(1);
+        QVERIFY(v != nullptr);
+        QSignalSpy ultima(qGuiApp, &QGuiApplication::lastWindowClosed);
+        // The window's own close button, as a window manager sends it.
+        QVERIFY(!v->close());
+        QVERIFY(InformazioniAperte() == nullptr);
+        QVERIFY(MenùGeneraleAperto() != nullptr && MenùGeneraleAperto()->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(ultima.count(), 0);
+        QVERIFY(amb->Scatole.isEmpty());
     }
 
     void chiudi_col_mouse() {
