@@ -38,13 +38,26 @@ bool DaInterruttore(int codice) {
 
 void Colora(QLabel* corona, uint32_t rgb) {
     QPalette p = corona->palette();
-    // High contrast: the ring where the choice would fall is yellow, edged in black.
+    // High contrast: the ring where the choice would fall has two bands, black
+    // and yellow, that stand apart on any colour. The outer one, which meets the
+    // form, is the one of the two that stands further from the form's colour.
     const bool contrasto = AltoContrasto == 1 && rgb == ColoriCorona::Verde;
-    p.setColor(QPalette::Window, ColoreRGB(contrasto ? ColoriCorona::Giallo : rgb));
-    p.setColor(QPalette::WindowText, Qt::black);
+    QColor dentro = ColoreRGB(rgb);
+    QColor fuori = Qt::black;
+    if (contrasto) {
+        const QWidget* form = corona->parentWidget();
+        const QColor sfondo =
+            form != nullptr ? form->palette().color(QPalette::Window) : QColor(Qt::white);
+        const QColor giallo = ColoreRGB(ColoriCorona::Giallo);
+        const bool chiaro =
+            RapportoContrasto(Qt::black, sfondo) >= RapportoContrasto(giallo, sfondo);
+        fuori = chiaro ? QColor(Qt::black) : giallo;
+        dentro = chiaro ? giallo : QColor(Qt::black);
+    }
+    p.setColor(QPalette::Window, dentro);
+    p.setColor(QPalette::WindowText, fuori);
     corona->setPalette(p);
     corona->setFrameStyle(contrasto ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
-    corona->setLineWidth(1);
 }
 } // namespace
 
@@ -114,6 +127,9 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
         // A wide ring near an edge stops at the form's edge, its frame whole.
         if (m != margine && testAttribute(Qt::WA_Resized)) posto &= rect();
         corona->setGeometry(posto);
+        // The outer band of the high-contrast ring: half of what shows round the
+        // button, so that it grows with the ring's width and the scale.
+        corona->setLineWidth(std::max(1, (bordo + 1) / 2));
         corona->setAutoFillBackground(true);
         corona->hide();
         CoroneDi(insieme).insert(d.Indice, corona);

@@ -35,9 +35,9 @@ QTextToSpeech* NuovoMotoreVocale(QObject* genitore) {
 // daemon that does not answer) must never stop the ring or the keys.
 class LavoratoreVoce : public QObject {
 public:
+    explicit LavoratoreVoce(VoceDifferita& voce) : voce_(voce) {}
+
     std::atomic<int> stato{int(Voce::Servizio::InCerca)};
-    std::atomic<int> ultimo{0};   // the last utterance asked for
-    std::atomic<int> concluso{0}; // the last one that ended
 
     void Prepara() {
         tts_ = NuovoMotoreVocale(this);
@@ -57,7 +57,7 @@ public:
     }
 
     void Di(const QString& testo, int numero) {
-        if (numero != ultimo) return; // already overtaken by a newer one
+        if (voce_.Superato(numero)) return; // already overtaken by a newer one
         if (tts_ == nullptr) {
             Concludi(numero);
             return;
@@ -67,25 +67,26 @@ public:
         tts_->say(testo);
     }
 
-    void Taci() {
+    void Taci(int finoA) {
         if (tts_ != nullptr) tts_->stop();
         visto_ = false;
-        Concludi(ultimo);
+        Concludi(finoA);
     }
 
 private:
     void Concludi(int numero) {
-        concluso = std::max(concluso.load(), numero);
+        voce_.Concludi(numero);
         QMetaObject::invokeMethod(
             QCoreApplication::instance(), [] { FineVoce(); }, Qt::QueuedConnection);
     }
 
+    VoceDifferita& voce_;
     QTextToSpeech* tts_ = nullptr;
     bool visto_ = false;
     int inCorso_ = 0;
 };
 
-class VoceDiSistema final : public Voce {
+class VoceDiSistema final : public VoceDifferita {
 public:
     ~VoceDiSistema() override {
         if (filo_ == nullptr) return;
@@ -98,35 +99,30 @@ public:
         }
     }
 
-    void Di(const QString& testo) override {
-        Avvia();
-        const int numero = ++lavoratore_->ultimo;
-        QMetaObject::invokeMethod(
-            lavoratore_, [l = lavoratore_, testo, numero] { l->Di(testo, numero); },
-            Qt::QueuedConnection);
-    }
-
-    void Taci() override {
-        if (lavoratore_ == nullptr) return;
-        QMetaObject::invokeMethod(
-            lavoratore_, [l = lavoratore_] { l->Taci(); }, Qt::QueuedConnection);
-    }
-
-    bool StaParlando() const override {
-        return lavoratore_ != nullptr && lavoratore_->concluso < lavoratore_->ultimo;
-    }
-
     Servizio StatoServizio() override {
         Avvia();
         return Servizio(lavoratore_->stato.load());
     }
 
 private:
+    void Parla(const QString& testo, int numero) override {
+        Avvia();
+        QMetaObject::invokeMethod(
+            lavoratore_, [l = lavoratore_, testo, numero] { l->Di(testo, numero); },
+            Qt::QueuedConnection);
+    }
+
+    void Ferma(int finoA) override {
+        if (lavoratore_ == nullptr) return;
+        QMetaObject::invokeMethod(
+            lavoratore_, [l = lavoratore_, finoA] { l->Taci(finoA); }, Qt::QueuedConnection);
+    }
+
     void Avvia() {
         if (filo_ != nullptr) return;
         filo_ = new QThread;
         filo_->setObjectName(QStringLiteral("voce"));
-        lavoratore_ = new LavoratoreVoce;
+        lavoratore_ = new LavoratoreVoce(*this);
         lavoratore_->moveToThread(filo_);
         filo_->start(QThread::LowPriority);
         QMetaObject::invokeMethod(

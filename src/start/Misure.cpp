@@ -1,5 +1,6 @@
 #include "start/Misure.h"
 
+#include <algorithm>
 #include <cmath>
 
 int Px(int twips) {
@@ -29,4 +30,19 @@ QColor ColoreQt(int32_t bgr) {
     const auto v = static_cast<uint32_t>(bgr);
     return QColor(static_cast<int>(v & 0xFF), static_cast<int>((v >> 8) & 0xFF),
                   static_cast<int>((v >> 16) & 0xFF));
+}
+
+namespace {
+double Luminanza(const QColor& c) {
+    const auto lineare = [](double v) {
+        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * lineare(c.redF()) + 0.7152 * lineare(c.greenF()) + 0.0722 * lineare(c.blueF());
+}
+} // namespace
+
+double RapportoContrasto(const QColor& a, const QColor& b) {
+    const double la = Luminanza(a);
+    const double lb = Luminanza(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }

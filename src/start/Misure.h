@@ -28,3 +28,6 @@ QColor ColoreQt(int32_t bgr);
 inline QColor ColoreRGB(uint32_t rgb) {
     return QColor::fromRgb(rgb | 0xFF000000u);
 }
+// How far two colours stand apart for the eye: the ratio of their relative
+// luminances as the web's accessibility guidelines reckon it, 1 to 21.
+double RapportoContrasto(const QColor& a, const QColor& b);

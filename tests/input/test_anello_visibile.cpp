@@ -4,6 +4,7 @@
 // At their defaults the rings are as they always were.
 #include "input/ConfigurazioniGenerali.h"
 #include "input/FormScansione.h"
+#include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroScriviTesto.h"
@@ -39,6 +40,49 @@ int Margine(FormScansione& f) {
 QColor ColoreAnello(FormScansione& f) {
     QLabel* corona = f.CoroneAttive().value(f.Motore.TastoCorrente);
     return corona == nullptr ? QColor() : corona->palette().color(QPalette::Window);
+}
+
+// The current ring of a form as it shows on the screen, walked from its
+// button outwards at mid height, on the side where more of it shows: its band
+// that meets what lies round it (the form, or a neighbour's button over a wide
+// ring), the colour there, how wide that band and the whole ring show, and
+// whether the ring shows whole on that side.
+struct AnelloVisto {
+    QColor Fuori, Sfondo, Dentro;
+    int Orlo = 0, Banda = 0;
+    bool Intero = false;
+};
+
+AnelloVisto Guarda(FormScansione& f) {
+    AnelloVisto migliore;
+    QLabel* corona = f.CoroneAttive().value(f.Motore.TastoCorrente);
+    TastoZanto* tasto = f.TastiAttivi().value(f.Motore.TastoCorrente);
+    if (corona == nullptr || tasto == nullptr || corona->isHidden()) return migliore;
+    const QImage img = f.grab().toImage();
+    const QRect g = corona->geometry();
+    const QRect t = tasto->geometry();
+    const QColor dentro = corona->palette().color(QPalette::Window);
+    const QColor fuori = corona->palette().color(QPalette::WindowText);
+    const int y = t.center().y();
+    for (const int verso : {-1, 1}) {
+        const int primo = verso < 0 ? t.left() - 1 : t.right() + 1;
+        AnelloVisto a;
+        int x = primo;
+        while (x >= 0 && x < img.width() &&
+               (img.pixelColor(x, y) == dentro || img.pixelColor(x, y) == fuori))
+            x += verso;
+        if (x < 0 || x >= img.width()) continue;
+        a.Banda = (x - primo) * verso;
+        if (a.Banda == 0) continue;
+        a.Sfondo = img.pixelColor(x, y);
+        a.Fuori = img.pixelColor(x - verso, y);
+        while (a.Orlo < a.Banda && img.pixelColor(x - verso * (a.Orlo + 1), y) == a.Fuori)
+            ++a.Orlo;
+        a.Dentro = img.pixelColor(x - verso * (a.Orlo + 1), y);
+        a.Intero = a.Banda == (verso < 0 ? t.left() - g.left() : g.right() - t.right());
+        if (a.Banda > migliore.Banda) migliore = a;
+    }
+    return migliore;
 }
 
 } // namespace
@@ -94,11 +138,74 @@ private slots:
         // On the pixels: black at the ring's outer edge, yellow just inside it.
         const QImage ring = corona->grab().toImage();
         QCOMPARE(QColor(ring.pixel(0, ring.height() / 2)), QColor(Qt::black));
-        QCOMPARE(QColor(ring.pixel(2, ring.height() / 2)), ColoreRGB(ColoriCorona::Giallo));
+        QCOMPARE(QColor(ring.pixel(corona->lineWidth(), ring.height() / 2)),
+                 ColoreRGB(ColoriCorona::Giallo));
         // The keyboard's ring too.
         QuadroScriviTesto tastiera;
         tastiera.AggiornaCorone();
         QCOMPARE(ColoreAnello(tastiera), ColoreRGB(ColoriCorona::Giallo));
+    }
+
+    void alto_contrasto_l_anello_si_stacca_da_ogni_modulo_data() {
+        QTest::addColumn<int>("larghezza");
+        QTest::addColumn<double>("scala");
+        QTest::newRow("semplice") << 1 << 1.0;
+        QTest::newRow("doppio") << 2 << 1.0;
+        QTest::newRow("triplo") << 3 << 1.0;
+        QTest::newRow("semplice in grande") << 1 << 2.0;
+        QTest::newRow("triplo in grande") << 3 << 1.5;
+    }
+    void alto_contrasto_l_anello_si_stacca_da_ogni_modulo() {
+        QFETCH(int, larghezza);
+        QFETCH(double, scala);
+        const double scalaPrima = ScalaInterfaccia;
+        ScalaInterfaccia = scala;
+        LarghezzaAnello = int16_t(larghezza);
+        AltoContrasto = 1;
+        MenuGenerale* menu = Menu(4);
+        QuadroScriviTesto tastiera;
+        tastiera.AggiornaCorone();
+        TipoQuadroMessaggi = 2;
+        TastoPredefinitoQuadroMessaggi = 1;
+        QuadroMessaggi messaggi;
+        messaggi.AttivaQuadroMessaggi();
+        messaggi.AggiornaCorone();
+        const QList<std::pair<const char*, FormScansione*>> forms{
+            {"menu", menu}, {"tastiera", &tastiera}, {"messaggi", &messaggi}};
+        for (const auto& [nome, form] : forms) {
+            const AnelloVisto a = Guarda(*form);
+            QVERIFY2(a.Banda > 0, nome);
+            // The menu has room round its buttons: there the ring shows whole.
+            if (form == menu) QVERIFY(a.Intero);
+            // The ring against the form round it, and its two bands against each
+            // other: at least 3:1 each.
+            const double fuori = RapportoContrasto(a.Fuori, a.Sfondo);
+            QVERIFY2(fuori >= 3.0, qPrintable(QStringLiteral("%1: %2:1 tra %3 e %4")
+                                                  .arg(QString::fromLatin1(nome))
+                                                  .arg(fuori)
+                                                  .arg(a.Fuori.name(), a.Sfondo.name())));
+            QVERIFY2(RapportoContrasto(a.Fuori, a.Dentro) >= 3.0, nome);
+            // The outer band grows with the ring: half of it, where it shows whole.
+            QVERIFY2(a.Orlo < a.Banda && (!a.Intero || 2 * a.Orlo >= a.Banda),
+                     qPrintable(QStringLiteral("%1: orlo %2 su %3")
+                                    .arg(QString::fromLatin1(nome))
+                                    .arg(a.Orlo)
+                                    .arg(a.Banda)));
+        }
+        ScalaInterfaccia = scalaPrima;
+    }
+
+    void alto_contrasto_su_un_modulo_scuro_l_orlo_e_giallo() {
+        AltoContrasto = 1;
+        MenuGenerale* menu = Menu(4);
+        QPalette p = menu->palette();
+        p.setColor(QPalette::Window, QColor(0x20, 0x20, 0x40));
+        menu->setPalette(p);
+        menu->AggiornaCorone();
+        const AnelloVisto a = Guarda(*menu);
+        QCOMPARE(a.Fuori, ColoreRGB(ColoriCorona::Giallo));
+        QCOMPARE(a.Dentro, QColor(Qt::black));
+        QVERIFY(RapportoContrasto(a.Fuori, a.Sfondo) >= 3.0);
     }
 
     void alto_contrasto_evidenza_nera_della_lista() {

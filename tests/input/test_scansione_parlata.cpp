@@ -117,6 +117,32 @@ private slots:
         QCOMPARE(m->Motore.TastoCorrente, int16_t(104));
     }
 
+    void l_anello_aspetta_ogni_nome_di_una_voce_che_risponde_dopo() {
+        // As the system's voice does from its thread: the silence before each new
+        // name reaches the service after the new name has been asked for.
+        AttendiVoce = 1;
+        Parole().MsPerLettera = 300;
+        Parole().Ritardo = 40;
+        MenuGenerale* m = Menu(1);
+        // "Disegno" ends at 40 + 2100, "Cartelle" at 2140 + 40 + 2400, and
+        // "Informazioni" at 4580 + 40 + 3600.
+        orologio->Avanza(2139);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(101));
+        orologio->Avanza(1);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
+        QVERIFY(VoceCorrente().StaParlando());
+        orologio->Avanza(4579 - 2140);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
+        orologio->Avanza(1);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(103));
+        orologio->Avanza(8219 - 4580);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(103));
+        orologio->Avanza(1);
+        QCOMPARE(m->Motore.TastoCorrente, int16_t(104));
+        QCOMPARE(Istanti(Parole().Detti), (QList<int64_t>{0, 2140, 4580, 8220}));
+        QVERIFY(Parole().Tagli.isEmpty());
+    }
+
     void una_voce_che_non_finisce_mai_non_ferma_l_anello() {
         AttendiVoce = 1;
         Parole().MsPerLettera = 1000000;

@@ -2,29 +2,48 @@
 
 #include "input/Orologio.h"
 
+#include <memory>
+
 VoceRegistrata::~VoceRegistrata() {
-    Ferma();
+    for (int id : inViaggio_)
+        OrologioCorrente().Annulla(id);
+    if (sveglia_ != 0) OrologioCorrente().Annulla(sveglia_);
 }
 
-void VoceRegistrata::Ferma() {
-    if (sveglia_ == 0) return;
-    OrologioCorrente().Annulla(sveglia_);
-    sveglia_ = 0;
-    Tagli.append(OrologioCorrente().Adesso());
+void VoceRegistrata::Consegna(std::function<void()> azione) {
+    auto id = std::make_shared<int>(0);
+    *id = OrologioCorrente().Programma(Ritardo, [this, id, azione = std::move(azione)] {
+        inViaggio_.removeOne(*id);
+        azione();
+    });
+    inViaggio_.append(*id);
 }
 
-void VoceRegistrata::Di(const QString& testo) {
-    Ferma();
+void VoceRegistrata::Parla(const QString& testo, int numero) {
     Detti.append({testo, OrologioCorrente().Adesso()});
-    sveglia_ = OrologioCorrente().Programma(testo.size() * MsPerLettera, [this] {
-        sveglia_ = 0;
-        FineVoce();
+    Consegna([this, testo, numero] {
+        if (Superato(numero)) return; // a newer one was asked meanwhile
+        inCorso_ = numero;
+        sveglia_ = OrologioCorrente().Programma(testo.size() * MsPerLettera, [this, numero] {
+            sveglia_ = 0;
+            Finita(numero);
+        });
     });
 }
 
-void VoceRegistrata::Taci() {
-    if (sveglia_ == 0) return;
-    Ferma();
+void VoceRegistrata::Ferma(int finoA) {
+    Consegna([this, finoA] {
+        if (sveglia_ != 0 && inCorso_ <= finoA) {
+            OrologioCorrente().Annulla(sveglia_);
+            sveglia_ = 0;
+            Tagli.append(OrologioCorrente().Adesso());
+        }
+        Finita(finoA);
+    });
+}
+
+void VoceRegistrata::Finita(int numero) {
+    Concludi(numero);
     FineVoce();
 }
 
