@@ -126,10 +126,18 @@ QString PercorsoBitmapDisegno(const QString& nomeCartella, int32_t codiceCartell
 }
 
 bool RegistraDisegno(const Superficie& quadro) {
+    const QString nome = NomeDisegnoCorrente;
+    return RegistraDisegno(quadro, nome);
+}
+
+bool RegistraDisegno(const Superficie& quadro, const QString& nome) {
     const bool nuovo = StatoDisegno == 2 || RegistraComeNuovo == 1;
     int32_t codice = CodiceDisegnoCorrente;
     // A new drawing's code, and so its bitmap's name, is known only once chosen.
     QString percorso;
+    // The bitmap of the same drawing under its old name (another case, other
+    // accents): it goes once the new one stands, or it would stay for ever.
+    QString percorsoVecchio;
     std::optional<Transazione> transazione;
     // A file left aside by an earlier save marks its drawing until the start
     // repairs it: only one this save made may go when the save fails.
@@ -155,12 +163,16 @@ bool RegistraDisegno(const Superficie& quadro) {
              QSqlDatabase db = Archivio(ArchivioDisegni);
              if (nuovo) {
                  codice = CodiceLiberoMinimo(TipoCodice::Disegno);
-                 InserisciTestaDisegno(codice, NomeDisegnoCorrente, CodiceCartellaAttiva);
+                 InserisciTestaDisegno(codice, nome, CodiceCartellaAttiva);
              } else {
+                 const RigaArchivio vecchia = TestaDisegno(codice);
+                 if (vecchia.Cartella == CodiceCartellaAttiva)
+                     percorsoVecchio = PercorsoBitmapDisegno(
+                         NomeCartellaAttiva, CodiceCartellaAttiva, vecchia.Nome, codice);
                  QSqlQuery q = Prepara(db, QStringLiteral("UPDATE TabDisegni SET NomeDisegno = ?,"
                                                           " CodiceCartella = ?"
                                                           " WHERE CodiceDisegno = ?"));
-                 q.addBindValue(NomeDisegnoCorrente);
+                 q.addBindValue(nome);
                  q.addBindValue(CodiceCartellaAttiva);
                  q.addBindValue(codice);
                  Esegui(q);
@@ -183,8 +195,8 @@ bool RegistraDisegno(const Superficie& quadro) {
          [&] {
              if (passiFatti != 3) return;
              sonda(4330);
-             percorso = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva,
-                                              NomeDisegnoCorrente, codice);
+             percorso =
+                 PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, nome, codice);
              const QByteArray dati = quadro.ImmagineBmp();
              aParteEsisteva = QFileInfo(PercorsoBitmapNuova(percorso)).isFile();
              scrittaAParte = true;
@@ -205,6 +217,8 @@ bool RegistraDisegno(const Superficie& quadro) {
              if (passiFatti != 5) return;
              sonda(4350);
              SostituisciBitmap(percorso);
+             if (!percorsoVecchio.isEmpty() && percorsoVecchio != percorso)
+                 QFile::remove(percorsoVecchio);
              ++passiFatti;
          }},
         {4390,
@@ -220,8 +234,11 @@ bool RegistraDisegno(const Superficie& quadro) {
     if (scrittaAParte && !confermaTentata && !aParteEsisteva)
         QFile::remove(PercorsoBitmapNuova(percorso));
     transazione.reset();
+    // The name follows the rows: a save that never committed leaves the name
+    // of the drawing the code still belongs to.
     if (confermato) {
         CodiceDisegnoCorrente = codice;
+        NomeDisegnoCorrente = nome;
         if (nuovo) StatoDisegno = 1;
     }
     return riuscito && passiFatti == 7;

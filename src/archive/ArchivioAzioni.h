@@ -53,7 +53,9 @@ bool RegistraTestaEAzioniDisegno(const QString& nome, int32_t codiceCartella);
 // The rows go in one transaction; the bitmap is written aside and takes the
 // old one's place only after the commit (see BitmapDisegni.h). A fault goes to
 // the error routine with its mark (4300 to 4390): before the commit nothing
-// changes, after it the rows stand and the current code and state follow them.
+// changes, after it the rows stand and the current code, name and state
+// follow them. Without `nome`, under NomeDisegnoCorrente.
+bool RegistraDisegno(const Superficie& quadro, const QString& nome);
 bool RegistraDisegno(const Superficie& quadro);
 // Saves ElementiAttivi as a new object in the active folder of objects; an
 // object it replaces is deleted in the same transaction, so that its code is

@@ -3,6 +3,7 @@
 #include "archive/Archivi.h"
 #include "model/RecordAzione.h"
 #include "start/MappaErrori.h"
+#include "start/Utilita.h"
 
 #include <QSqlRecord>
 #include <QVariant>
@@ -72,16 +73,36 @@ Tabella TabellaDi(TipoCodice tipo) {
     return {ArchivioDisegni, QString(), QString()};
 }
 
-// Reads head rows: code, name and, where there is one, the folder.
-QList<RigaArchivio> LeggiRighe(QSqlQuery& q, bool conCartella) {
+// What can still be told of a row that does not read: its code and its name,
+// where each is of the right kind.
+RigaDanneggiata DescriviRiga(const QSqlQuery& q) {
+    RigaDanneggiata d;
+    const QVariant codice = q.value(0);
+    if (TipoIntero(codice)) d.Codice = codice.toLongLong();
+    const QVariant nome = q.value(1);
+    if (nome.typeId() == QMetaType::QString) d.Nome = nome.toString().left(64);
+    return d;
+}
+
+// Reads head rows: code, name and, where there is one, the folder. Without
+// `danneggiate` a bad row is an error; with it the row is left out, told there,
+// and the rest is read.
+QList<RigaArchivio> LeggiRighe(QSqlQuery& q, bool conCartella,
+                               QList<RigaDanneggiata>* danneggiate = nullptr) {
     Esegui(q);
     const QSqlRecord campi = q.record();
     QList<RigaArchivio> righe;
     while (q.next()) {
         RigaArchivio r;
-        r.Codice = LeggiCodice(q.value(0), campi.fieldName(0));
-        r.Nome = LeggiTesto(q.value(1), campi.fieldName(1));
-        if (conCartella) r.Cartella = LeggiCodice(q.value(2), campi.fieldName(2));
+        try {
+            r.Codice = LeggiCodice(q.value(0), campi.fieldName(0));
+            r.Nome = LeggiTesto(q.value(1), campi.fieldName(1));
+            if (conCartella) r.Cartella = LeggiCodice(q.value(2), campi.fieldName(2));
+        } catch (const ErroreZanto&) {
+            if (!danneggiate) throw;
+            danneggiate->append(DescriviRiga(q));
+            continue;
+        }
         righe.append(r);
     }
     if (q.lastError().isValid()) throw ErroreSql(q.lastError());
@@ -93,17 +114,21 @@ QList<RigaArchivio> Elenco(const QString& connessione, const QString& sql, bool 
     return LeggiRighe(q, conCartella);
 }
 
+// Names compare as the user reads them (StessoNome), which SQLite's NOCASE
+// cannot do beyond A to Z; a name that does not read matches none.
 int32_t CercaNome(const QString& connessione, const QString& sql, const QString& nome,
                   int32_t cartella) {
     QSqlQuery q = Prepara(Archivio(connessione), sql);
-    q.addBindValue(nome);
     q.addBindValue(cartella);
     Esegui(q);
-    if (!q.next()) {
-        if (q.lastError().isValid()) throw ErroreSql(q.lastError());
-        return 0;
+    while (q.next()) {
+        const QVariant valore = q.value(1);
+        if (valore.typeId() != QMetaType::QString || !StessoNome(valore.toString(), nome)) continue;
+        // The name is taken: a code that does not read is an error, not a free name.
+        return LeggiCodice(q.value(0), q.record().fieldName(0));
     }
-    return LeggiCodice(q.value(0), q.record().fieldName(0));
+    if (q.lastError().isValid()) throw ErroreSql(q.lastError());
+    return 0;
 }
 
 void EliminaPerCodice(const QString& connessione, const QString& sql, int32_t codice) {
@@ -319,7 +344,8 @@ QList<RigaArchivio> CartelleObjInOrdineDiNome() {
         false);
 }
 
-QList<RigaArchivio> DisegniDellaCartella(int32_t codiceCartella) {
+QList<RigaArchivio> DisegniDellaCartella(int32_t codiceCartella,
+                                         QList<RigaDanneggiata>* danneggiate) {
     QSqlQuery q = Prepara(Archivio(ArchivioDisegni),
                           QStringLiteral("SELECT CodiceDisegno, NomeDisegno, CodiceCartella"
                                          " FROM TabDisegni WHERE CodiceDisegno < ? AND"
@@ -327,31 +353,32 @@ QList<RigaArchivio> DisegniDellaCartella(int32_t codiceCartella) {
                                          " ASC"));
     q.addBindValue(BaseCopieLavoro);
     q.addBindValue(codiceCartella);
-    return LeggiRighe(q, true);
+    QList<RigaDanneggiata> tralasciate;
+    return LeggiRighe(q, true, danneggiate ? danneggiate : &tralasciate);
 }
 
-QList<RigaArchivio> OggettiDellaCartella(int32_t codiceCartellaObj) {
+QList<RigaArchivio> OggettiDellaCartella(int32_t codiceCartellaObj,
+                                         QList<RigaDanneggiata>* danneggiate) {
     QSqlQuery q = Prepara(Archivio(ArchivioOggetti),
                           QStringLiteral("SELECT CodiceOggetto, NomeOggetto, CodiceCartellaObj"
                                          " FROM TabOggetti WHERE CodiceCartellaObj = ?"
                                          " ORDER BY NomeOggetto COLLATE NOCASE ASC"));
     q.addBindValue(codiceCartellaObj);
-    return LeggiRighe(q, true);
+    QList<RigaDanneggiata> tralasciate;
+    return LeggiRighe(q, true, danneggiate ? danneggiate : &tralasciate);
 }
 
 int32_t CercaNomeDisegno(const QString& nome, int32_t codiceCartella) {
     return CercaNome(ArchivioDisegni,
-                     QStringLiteral("SELECT CodiceDisegno FROM TabDisegni WHERE NomeDisegno = ?"
-                                    " COLLATE NOCASE AND CodiceCartella = ?"
-                                    " ORDER BY CodiceDisegno ASC"),
+                     QStringLiteral("SELECT CodiceDisegno, NomeDisegno FROM TabDisegni"
+                                    " WHERE CodiceCartella = ? ORDER BY CodiceDisegno ASC"),
                      nome, codiceCartella);
 }
 
 int32_t CercaNomeOggetto(const QString& nome, int32_t codiceCartellaObj) {
     return CercaNome(ArchivioOggetti,
-                     QStringLiteral("SELECT CodiceOggetto FROM TabOggetti WHERE NomeOggetto = ?"
-                                    " COLLATE NOCASE AND CodiceCartellaObj = ?"
-                                    " ORDER BY CodiceOggetto ASC"),
+                     QStringLiteral("SELECT CodiceOggetto, NomeOggetto FROM TabOggetti"
+                                    " WHERE CodiceCartellaObj = ? ORDER BY CodiceOggetto ASC"),
                      nome, codiceCartellaObj);
 }
 

@@ -46,12 +46,22 @@ QList<RigaArchivio> CartelleInOrdineDiCodice();
 QList<RigaArchivio> CartelleObjInOrdineDiCodice();
 QList<RigaArchivio> CartelleInOrdineDiNome();
 QList<RigaArchivio> CartelleObjInOrdineDiNome();
-// The user's drawings of a folder (working copies left out), by name.
-QList<RigaArchivio> DisegniDellaCartella(int32_t codiceCartella);
-QList<RigaArchivio> OggettiDellaCartella(int32_t codiceCartellaObj);
+// A head row that does not read: what could be told of it (code 0 and an
+// empty name where those did not read either).
+struct RigaDanneggiata {
+    int64_t Codice = 0;
+    QString Nome;
+};
+
+// The user's drawings of a folder (working copies left out), by name. A row
+// that does not read is left out, and told in `danneggiate` when given.
+QList<RigaArchivio> DisegniDellaCartella(int32_t codiceCartella,
+                                         QList<RigaDanneggiata>* danneggiate = nullptr);
+QList<RigaArchivio> OggettiDellaCartella(int32_t codiceCartellaObj,
+                                         QList<RigaDanneggiata>* danneggiate = nullptr);
 
 // Is the name taken in that folder? Gives the code of the first row found, 0
-// if none. Names compare as the archive compares them, without regard to case.
+// if none. Names compare as the user reads them: case and accents do not count.
 int32_t CercaNomeDisegno(const QString& nome, int32_t codiceCartella);
 int32_t CercaNomeOggetto(const QString& nome, int32_t codiceCartellaObj);
 

@@ -288,6 +288,7 @@ void AmbienteDisegno::DisegnoVuoto() {
     StatoDisegno = 2;
     OggettoAttivo = 0;
     SvuotaAzioni();
+    AzzeraSelezione();
     PrimaAzioneTraccia = 0;
     UltimaAzioneTraccia = 0;
     CodiceDisegnoCorrente = 0;

@@ -1,6 +1,7 @@
 #include "drawing/ComandiElementi.h"
 
 #include "drawing/AmbienteDisegno.h"
+#include "input/QuadroMessaggi.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
@@ -19,8 +20,10 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
-QSize ComandiElementi::MisuraTesto() const {
+ComandiElementi::Misura ComandiElementi::MisuraTesto() const {
     Superficie& q = a_.Quadro;
     // The whole font of the record, not only its size: the frame must fit the words.
     q.FontName = FontCorrente;
@@ -33,7 +36,19 @@ QSize ComandiElementi::MisuraTesto() const {
     const double primaRiga = q.TextHeight(RigheScritte.at(1));
     // Several lines measure half their height: kept as the program has always done it.
     const double altezza = NumeroRigheScritte == 1 ? primaRiga : primaRiga * NumeroRigheScritte / 2;
-    return {Intero16(larghezza), Intero16(altezza)};
+    // Measured wide: a long line passes 32767 twips, and is refused, not lost.
+    return {std::llround(larghezza), std::llround(altezza)};
+}
+
+bool ComandiElementi::Misura::Centrabile() const {
+    // Every corner of the frame, centred, must be a 16-bit position: the
+    // shifts and the replay take it so.
+    constexpr int64_t Minimo = std::numeric_limits<int16_t>::min();
+    constexpr int64_t Massimo = std::numeric_limits<int16_t>::max();
+    const int64_t sinistra = Predefiniti::CentroX - Larghezza / 2;
+    const int64_t alto = Predefiniti::CentroY - Altezza / 2;
+    return Larghezza >= 0 && Altezza >= 0 && sinistra >= Minimo && alto >= Minimo &&
+           sinistra + Larghezza <= Massimo && alto + Altezza <= Massimo;
 }
 
 void ComandiElementi::Centra(int32_t larghezza, int32_t altezza) {
@@ -66,14 +81,27 @@ void ComandiElementi::ScritturaTesti() {
         NumeroRigheScritte = 0;
         RigheScritte = QStringList{QString()};
     }
-    ParcheggiaMouse();
-    ScriviTesto(0);
-    SezioneCorrente = 1264; // the keyboard's own steps have moved the mark
-    if (NumeroRigheScritte == 0) {
-        a_.Riprendi();
-        return;
+    Misura misura;
+    for (;;) {
+        ParcheggiaMouse();
+        ScriviTesto(0);
+        SezioneCorrente = 1264; // the keyboard's own steps have moved the mark
+        if (NumeroRigheScritte == 0) {
+            a_.Riprendi();
+            return;
+        }
+        misura = MisuraTesto();
+        if (misura.Centrabile()) break;
+        // Too large for the drawing: said, and the keyboard opens again on
+        // the same words, so that nothing written with the switch is lost.
+        ParcheggiaMouse();
+        Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
+                         QStringLiteral("Il Testo è troppo grande per il Disegno!"),
+                         QStringLiteral("Si prega di accorciare le righe"),
+                         QStringLiteral("o di ridurne il numero."),
+                         QStringLiteral("Premere «OK» per proseguire!")}),
+                  1, 1);
     }
-    const QSize misura = MisuraTesto();
     RecordAzione e;
     e.TipoAzione = TipiAzione::Testo;
     e.SpessLinea = 1;
@@ -85,7 +113,7 @@ void ComandiElementi::ScritturaTesti() {
     e.Grassetto = GrassettoCorrente;
     e.Corsivo = CorsivoCorrente;
     ElementoInCostruzione = e;
-    Centra(misura.width(), misura.height());
+    Centra(int32_t(misura.Larghezza), int32_t(misura.Altezza));
 
     Superficie& q = a_.Quadro;
     q.AutoRedraw = true;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QSize>
+#include <QString>
 
 #include <cstdint>
 
@@ -19,8 +19,14 @@ public:
     void ScegliElemento(); // in ComandiSceltaElemento.cpp
 
 private:
-    // The text's box measured on the canvas with the record's font.
-    QSize MisuraTesto() const;
+    // The text's box in twips, measured on the canvas with the record's font.
+    struct Misura {
+        int64_t Larghezza = 0;
+        int64_t Altezza = 0;
+        // Does it fit the drawing's 16-bit positions once centred?
+        bool Centrabile() const;
+    };
+    Misura MisuraTesto() const;
     // A text or a picture of size w by h twips, centred on the canvas.
     void Centra(int32_t larghezza, int32_t altezza);
     // Into the shift: 113 red, the element's button marked, the direction panel.

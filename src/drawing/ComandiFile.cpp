@@ -7,6 +7,7 @@
 #include "input/QuadroMessaggi.h"
 #include "model/CopiaLavoro.h"
 #include "model/RecordAzione.h"
+#include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/Elaborazioni.h"
@@ -77,6 +78,8 @@ void ComandiFile::LeggiDisegno() {
     ComandoModifica = 130;
     TipoLista = 1;
     ScegliDaLista();
+    // The list may have deleted the drawing on the canvas.
+    MostraNome();
     const EtichettaLetta voce = LeggiEtichetta(VoceScelta);
     const int64_t codice = voce.Valore();
     if (VoceScelta.isEmpty() || codice < 1 || codice >= BaseCopieLavoro) {
@@ -98,6 +101,8 @@ void ComandiFile::LeggiDisegno() {
     StatoDisegno = 1;
     NumeroAzioni = NumeroAzioniUndo;
     Azioni = AzioniUndo;
+    // A selection pointed into the drawing that has gone.
+    AzzeraSelezione();
     // A background chosen on the settings panel does not survive a load.
     ColoreSfondo = Predefiniti::ColoreSfondo;
     a_.Quadro.ImpostaBackColor(ColoreSfondo);
@@ -181,10 +186,11 @@ void ComandiFile::SalvaDisegno() {
                          QStringLiteral("Premere «OK» per proseguire!")}),
                   1, 1);
     }
-    NomeDisegnoCorrente = nome;
-    MostraNome();
     SezioneCorrente = 1274;
-    const bool salvato = RegistraDisegno(a_.Quadro);
+    // The name becomes the drawing's only with the rows: after a failed save
+    // the next one must not overwrite another drawing under this name.
+    const bool salvato = RegistraDisegno(a_.Quadro, nome);
+    MostraNome();
     ComandoModifica = 0;
     // A save that failed has had its box from the error routine: no word of success.
     if (salvato) {

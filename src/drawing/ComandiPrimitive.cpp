@@ -161,12 +161,16 @@ void ComandiPrimitive::Fissa() {
             return;
         }
         EseguiPassi({{1202, [&q] { FissaElemento(q); }}});
-        if (IndiceElementoInModifica != 0)
+        const bool ripreso = IndiceElementoInModifica != 0;
+        if (ripreso)
             SostituisciElementoInModifica();
         else
             AggiungiElementoInCostruzione();
         a_.ImpostaColoreCorona(PrimitivaAttiva, ColoriCorona::Verde);
         PrimitivaAttiva = 0;
+        // An action taken back keeps its place in the list, under what came
+        // after it: the canvas shows it there, as every later replay will.
+        if (ripreso) a_.RidisegnoCompleto();
         RegistraCopiaLavoro();
         a_.Motore.TastoCorrente = 117;
         a_.AggiornaCorone();
@@ -212,6 +216,9 @@ void ComandiPrimitive::Annulla() {
     }
     a_.TastoMarcato = 0;
     ElementoRiaperto = 0;
+    // The action taken back stays what it was; a later new element must not
+    // take its place in the list.
+    IndiceElementoInModifica = 0;
     a_.RidisegnoCompleto();
     q.Refresh();
     a_.Corone.value(a_.Motore.TastoCorrente)->show();

@@ -18,9 +18,10 @@ void ComandiSettaggi::AccessoSettaggi() {
     }
     // The open element takes the new line colour at once.
     if (ColoreLineaCorrente != ElementoInCostruzione.ColLinea &&
-        ElementoInCostruzione.TipoAzione > 0) {
+        ElementoInCostruzione.TipoAzione > 0)
         ElementoInCostruzione.ColLinea = ColoreLineaCorrente;
-        TracciaElementoAttivo(q);
-    }
+    // A replay on the panel (fills to dots and back, a new ground) cleared the
+    // overlay: the element in the hands shows again.
+    if (PrimitivaAttiva > 0) TracciaElementoAttivo(q);
     a_.Riprendi();
 }

@@ -4,6 +4,7 @@
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
+#include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroUndo.h"
@@ -30,6 +31,8 @@ void ComandiStoria::TornaNellaStoria() {
                  CodiceDisegnoDaCaricare = BaseCopieLavoro + PassoUndo;
                  CaricaAzioniDisegno();
                  CopiaAzioniUndoInAzioni(); // NumeroAzioni too, the whole copy
+                 // A selection pointed into the drawing that has gone.
+                 AzzeraSelezione();
              }},
             {1204, [this] { a_.RidisegnoCompleto(); }},
         });

@@ -4,6 +4,7 @@
 #include "archive/ArchivioAzioni.h"
 #include "archive/FileScambio.h"
 #include "archive/IstruzioniArchivio.h"
+#include "input/QuadroMessaggi.h"
 #include "panels/EtichettaLista.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
@@ -35,11 +36,38 @@ void DaRighe(const QList<RigaArchivio>& righe, FormatoEtichetta formato) {
         Aggiungi(ComponiEtichetta(riga.Nome, riga.Codice, formato));
 }
 
+// Rows that do not read are named, so that the user knows what is missing
+// from the list and why, and the rest of the folder stays in reach.
+void AvvisaDanneggiate(const QList<RigaDanneggiata>& danneggiate, const QString& genere) {
+    QStringList righe{QStringLiteral("ATTENZIONE!")};
+    constexpr int Mostrate = 4;
+    for (int i = 0; i < danneggiate.size() && i < Mostrate; ++i) {
+        const RigaDanneggiata& d = danneggiate.at(i);
+        QString riga = genere;
+        if (!d.Nome.trimmed().isEmpty())
+            riga += QStringLiteral(" « ") + d.Nome + QStringLiteral(" »");
+        if (d.Codice != 0) riga += QStringLiteral(" (codice ") + QString::number(d.Codice) + ')';
+        righe.append(riga + QStringLiteral(" è danneggiato."));
+    }
+    if (danneggiate.size() > Mostrate)
+        righe.append(QStringLiteral("Altri ") + QString::number(danneggiate.size() - Mostrate) +
+                     QStringLiteral(" sono danneggiati."));
+    righe.append(danneggiate.size() == 1
+                     ? QStringLiteral("Non può essere letto: gli altri sono in elenco.")
+                     : QStringLiteral("Non possono essere letti: gli altri sono in elenco."));
+    righe.append(QStringLiteral("Premere «OK» per proseguire!"));
+    ParcheggiaMouse();
+    Messaggio(Righe(righe), 1, 1);
+}
+
 // Under the list's own trap: a fault leaves the list empty, after the box.
-void ElementiConTrappola(int16_t sezione, const std::function<QList<RigaArchivio>()>& leggi) {
+void ElementiConTrappola(int16_t sezione, const QString& genere,
+                         const std::function<QList<RigaArchivio>(QList<RigaDanneggiata>*)>& leggi) {
     SvuotaLista();
     QList<RigaArchivio> righe;
-    EseguiPassi({{sezione, [&] { righe = leggi(); }}});
+    QList<RigaDanneggiata> danneggiate;
+    EseguiPassi({{sezione, [&] { righe = leggi(&danneggiate); }}});
+    if (!danneggiate.isEmpty()) AvvisaDanneggiate(danneggiate, genere);
     if (righe.isEmpty()) {
         Bip();
         return;
@@ -67,11 +95,15 @@ void SvuotaLista() {
 }
 
 void RiempiListaDisegni() {
-    ElementiConTrappola(2300, [] { return DisegniDellaCartella(CodiceCartellaAttiva); });
+    ElementiConTrappola(2300, QStringLiteral("Il Disegno"), [](QList<RigaDanneggiata>* d) {
+        return DisegniDellaCartella(CodiceCartellaAttiva, d);
+    });
 }
 
 void RiempiListaOggetti() {
-    ElementiConTrappola(2900, [] { return OggettiDellaCartella(CodiceCartellaObjAttiva); });
+    ElementiConTrappola(2900, QStringLiteral("L'Oggetto"), [](QList<RigaDanneggiata>* d) {
+        return OggettiDellaCartella(CodiceCartellaObjAttiva, d);
+    });
 }
 
 void RiempiListaCartelle() {
@@ -198,6 +230,13 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
         EliminaDisegno(codice);
         QFile::remove(
             PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, voce.Nome, codice));
+        if (codice == CodiceDisegnoCorrente) {
+            // The drawing on the canvas is no longer in the archive: it is a
+            // new one, to be saved under any free name, its own included.
+            CodiceDisegnoCorrente = 0;
+            StatoDisegno = 2;
+            NomeDisegnoCorrente.clear();
+        }
         return true;
     case 2: {
         if (!codiceValido) return false;

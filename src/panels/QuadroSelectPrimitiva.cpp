@@ -1,6 +1,7 @@
 #include "panels/QuadroSelectPrimitiva.h"
 #include "drawing/VistaSuperficie.h"
 #include "input/IconaSvg.h"
+#include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "model/TracciaSelezione.h"
@@ -206,6 +207,8 @@ void QuadroSelectPrimitiva::Elimina() {
     // What the fills rested on has changed: they become dots.
     ColorazioniInTondini();
     EliminaAzione(AzioneScelta);
+    // The indices of a selection no longer name what was selected.
+    AzzeraSelezione();
     RidisegnaTela();
     Motore.TastoCorrente = 104;
     AggiornaCorone();
@@ -223,6 +226,7 @@ void QuadroSelectPrimitiva::Sposta(int32_t verso) {
     RecordScambio = Azioni[AzioneScelta];
     Azioni[AzioneScelta] = Azioni[vicina];
     Azioni[vicina] = RecordScambio;
+    AzzeraSelezione();
     RidisegnaTela();
     // The selection follows the action, and the ring stays on the key, so
     // that picking it again moves the same action on.

@@ -103,6 +103,8 @@ private slots:
     void disegni_della_cartella_lasciano_fuori_le_copie_di_lavoro();
     void nome_con_apostrofo_si_trova_come_gli_altri();
     void nome_cercato_senza_badare_alle_maiuscole_e_solo_nella_cartella();
+    void nomi_accentati_si_trovano_in_ogni_grafia();
+    void una_riga_danneggiata_e_detta_e_le_altre_si_leggono();
     void testa_di_un_disegno_assente_e_errore_3021();
     void archivio_non_aperto_e_un_errore_numerato();
     void codici_sotto_1_non_danno_un_codice_sotto_1();
@@ -302,6 +304,40 @@ void TestIstruzioniArchivio::nome_cercato_senza_badare_alle_maiuscole_e_solo_nel
     QCOMPARE(CercaNomeDisegno(QStringLiteral("Casa"), 2), 0);
     QCOMPARE(CercaNomeDisegno(QStringLiteral("Cas"), 1), 0);
     QCOMPARE(CercaNomeOggetto(QStringLiteral("Casa"), 1), 0);
+}
+
+void TestIstruzioniArchivio::nomi_accentati_si_trovano_in_ogni_grafia() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    // SQLite's own NOCASE folds A to Z only: these two used to be strangers.
+    Oggetto(4, QStringLiteral("PERÒ"));
+    Disegno(6, QStringLiteral("Città"));
+    QCOMPARE(CercaNomeOggetto(QStringLiteral("però"), 1), 4);
+    QCOMPARE(CercaNomeOggetto(QStringLiteral("Pero"), 1), 4);
+    QCOMPARE(CercaNomeDisegno(QStringLiteral("CITTÀ"), 1), 6);
+    QCOMPARE(CercaNomeDisegno(QStringLiteral("città"), 1), 6);
+    QCOMPARE(CercaNomeDisegno(QStringLiteral("Cittadella"), 1), 0);
+}
+
+void TestIstruzioniArchivio::una_riga_danneggiata_e_detta_e_le_altre_si_leggono() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    Disegno(5, QStringLiteral("Buono"));
+    Disegno(7, QStringLiteral("Ultimo"));
+    Sql(ArchivioDisegni,
+        QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno, CodiceCartella)"
+                       " VALUES (6, x'00ff', 1)"));
+    QList<RigaDanneggiata> danneggiate;
+    const QList<RigaArchivio> righe = DisegniDellaCartella(1, &danneggiate);
+    QCOMPARE(righe.size(), 2);
+    QCOMPARE(righe.at(0).Nome, QStringLiteral("Buono"));
+    QCOMPARE(righe.at(1).Nome, QStringLiteral("Ultimo"));
+    QCOMPARE(danneggiate.size(), 1);
+    QCOMPARE(danneggiate.at(0).Codice, 6);
+    QCOMPARE(danneggiate.at(0).Nome, QString());
+    // A name check reads past it.
+    QCOMPARE(CercaNomeDisegno(QStringLiteral("ULTIMO"), 1), 7);
+    QCOMPARE(CercaNomeDisegno(QStringLiteral("Nuovo"), 1), 0);
 }
 
 void TestIstruzioniArchivio::testa_di_un_disegno_assente_e_errore_3021() {

@@ -151,6 +151,8 @@ private slots:
     void riparazione_senza_nulla_da_fare_non_tocca_nulla();
     void riparazione_che_fallisce_tiene_il_file_a_parte();
     void l_avvio_ridisegna_la_bitmap_di_un_salvataggio_interrotto();
+    void sovrascritto_in_un_altra_grafia_lascia_una_sola_bitmap();
+    void il_nome_cambia_solo_col_commit();
 };
 
 void TestRegistraDisegno::la_bitmap_prende_il_posto_della_vecchia_solo_dopo_il_commit() {
@@ -485,6 +487,46 @@ void TestRegistraDisegno::l_avvio_ridisegna_la_bitmap_di_un_salvataggio_interrot
     QCOMPARE(amb.Scatole.size(), 1); // the failed save's own
     DistruggiMenùGenerale();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void TestRegistraDisegno::sovrascritto_in_un_altra_grafia_lascia_una_sola_bitmap() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    CartellaDiSistema();
+    Superficie quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    SalvaNuovo(quadro, QStringLiteral("Città"), 0x0000FF);
+    const int32_t codice = CodiceDisegnoCorrente;
+    QCOMPARE(FileDellaCartella().size(), 1);
+    QVERIFY(Salva(quadro, QStringLiteral("CITTA"), Disegno(0x00FF00)));
+    QCOMPARE(CodiceDisegnoCorrente, codice);
+    QCOMPARE(NomeDisegnoCorrente, QStringLiteral("CITTA"));
+    // The bitmap under the old spelling went with the step that put the new one.
+    QCOMPARE(FileDellaCartella(),
+             QStringList{QFileInfo(Bitmap(QStringLiteral("CITTA"))).fileName()});
+    QCOMPARE(ColoreBitmap(Bitmap(QStringLiteral("CITTA"))), 0x00FF00);
+}
+
+void TestRegistraDisegno::il_nome_cambia_solo_col_commit() {
+    AmbienteProva amb;
+    amb.ApriArchivi();
+    CartellaDiSistema();
+    Superficie quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    SalvaNuovo(quadro, QStringLiteral("Mare"), 0x0000FF);
+    const int32_t codice = CodiceDisegnoCorrente;
+    RegistraComeNuovo = 1;
+    GuastoAlPasso(4340);
+    Azioni = Disegno(0x00FF00);
+    NumeroAzioni = 1;
+    QVERIFY(!RegistraDisegno(quadro, QStringLiteral("Monte")));
+    QCOMPARE(NomeDisegnoCorrente, QStringLiteral("Mare"));
+    QCOMPARE(CodiceDisegnoCorrente, codice);
+    QCOMPARE(CercaNomeDisegno(QStringLiteral("Monte"), 1), 0);
+    SondaRegistraDisegno = nullptr;
+    QVERIFY(RegistraDisegno(quadro, QStringLiteral("Monte")));
+    QCOMPARE(NomeDisegnoCorrente, QStringLiteral("Monte"));
+    QVERIFY(CodiceDisegnoCorrente != codice);
+    QCOMPARE(ColoreRighe(QStringLiteral("Mare")), 0x0000FF);
+    QCOMPARE(ColoreRighe(QStringLiteral("Monte")), 0x00FF00);
 }
 
 QTEST_MAIN(TestRegistraDisegno)

@@ -3,13 +3,16 @@
 // and on the canvas.
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/BitmapDisegni.h"
 #include "archive/IstruzioniArchivio.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "panels/EtichettaLista.h"
 #include "panels/ProvaPannello.h"
+#include "panels/QuadroMostraLista.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/MenuGenerale.h"
@@ -368,6 +371,98 @@ private slots:
         PremiCon(130, l);
         QCOMPARE(NomeDisegnoCorrente, QStringLiteral("L'ALBERO"));
         QCOMPARE(NumeroAzioni, 1);
+    }
+
+    // A save that fails before its commit leaves the name of the drawing the
+    // code belongs to: the next save under the new name is a new drawing.
+    void un_salvataggio_fallito_non_cambia_il_nome_e_il_seguente_non_sovrascrive() {
+        Apri(4);
+        Rettangolo(0);
+        Salva(QStringLiteral("SOLE"));
+        const int32_t sole = CodiceDisegnoCorrente;
+        Rettangolo(3);
+        SondaRegistraDisegno = [](int16_t s) {
+            if (s == 4340) throw ErroreZanto{61, QStringLiteral("Disco pieno")};
+        };
+        // "yes", back to the letters from the name shown, "S" and confirm.
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Right).Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(c, QStringLiteral("S"));
+        PremiCon(131, c);
+        SondaRegistraDisegno = nullptr;
+        QCOMPARE(amb->Scatole.size(), 1);
+        QCOMPARE(NomeDisegnoCorrente, QStringLiteral("SOLE"));
+        QCOMPARE(CodiceDisegnoCorrente, sole);
+        QCOMPARE(a->ScrittaNomeDisegno->text(), QStringLiteral("« SOLE »"));
+        Copione d(*orologio);
+        d.Tasto(Qt::Key_Return).Tasto(Qt::Key_Right).Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(d, QStringLiteral("S"));
+        d.Tasto(Qt::Key_Return); // the success message
+        PremiCon(131, d);
+        QVERIFY(CodiceDisegnoCorrente != sole);
+        QCOMPARE(NomeDisegnoCorrente, QStringLiteral("SOLES"));
+        QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabAzioniDisegno WHERE CodiceDisegno "
+                                      "= %1")
+                           .arg(sole)),
+                 1);
+        QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabAzioniDisegno WHERE CodiceDisegno "
+                                      "= %1")
+                           .arg(CodiceDisegnoCorrente)),
+                 2);
+    }
+
+    // The drawing on the canvas deleted from the list of 130 is a new drawing:
+    // its own name is free again.
+    void eliminato_dalla_lista_il_disegno_sulla_tela_si_salva_di_nuovo() {
+        Apri(4);
+        Rettangolo(0);
+        Salva(QStringLiteral("SOLE"));
+        Copione c(*orologio);
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return); // OK to the warning
+        // Line 101, on to delete (124), twice OK; then back from the list.
+        c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Right).Tasto(Qt::Key_Right).Tasto(Qt::Key_Return);
+        c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return).Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Return);
+        PremiCon(130, c);
+        QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabDisegni WHERE CodiceDisegno < "
+                                      "1000000")),
+                 0);
+        QCOMPARE(NumeroAzioni, 1);
+        QCOMPARE(CodiceDisegnoCorrente, 0);
+        QCOMPARE(StatoDisegno, int16_t(2));
+        QCOMPARE(a->ScrittaNomeDisegno->text(), QStringLiteral("«  »"));
+        Salva(QStringLiteral("SOLE"));
+        QVERIFY(CodiceDisegnoCorrente != 0);
+        QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabDisegni WHERE NomeDisegno = "
+                                      "'SOLE'")),
+                 1);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    // A head row that does not read is named; the rest of the folder is
+    // listed, and a new name is free.
+    void un_disegno_danneggiato_e_detto_e_gli_altri_restano_in_lista() {
+        QSqlQuery q(Archivio(ArchivioDisegni));
+        QVERIFY(q.exec("INSERT INTO TabDisegni VALUES (5, 'BUONO', 1)"));
+        QVERIFY(q.exec("INSERT INTO TabDisegni VALUES (6, x'00ff', 1)"));
+        Apri(4);
+        Rettangolo(0);
+        QString avviso, riga;
+        Copione c(*orologio);
+        c.Esegui([&] { avviso = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        c.Esegui([&] {
+            if (auto* l = PannelloDavanti<QuadroMostraLista>()) riga = l->Tasti.value(101)->text();
+        });
+        c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Return);
+        PremiCon(130, c);
+        QCOMPARE(avviso,
+                 QStringLiteral("ATTENZIONE!\rIl Disegno (codice 6) è danneggiato.\rNon può "
+                                "essere letto: gli altri sono in elenco.\rPremere «OK» "
+                                "per proseguire!"));
+        QCOMPARE(LeggiEtichetta(riga).Nome, QStringLiteral("BUONO"));
+        Salva(QStringLiteral("NUOVO"));
+        QCOMPARE(NomeDisegnoCorrente, QStringLiteral("NUOVO"));
+        QVERIFY(CodiceDisegnoCorrente != 0);
     }
 };
 
