@@ -146,6 +146,10 @@ bool MotoreScansione::TastoDiScansione(int codice) {
 }
 
 void MotoreScansione::AvviaScansione() {
+    AvviaScansioneConSosta(PrimaAttesa);
+}
+
+void MotoreScansione::AvviaScansioneConSosta(int dwell) {
     if (VersoInversione == 0) {
         VersoInversione = 1;
         PassoScansione = 1;
@@ -161,7 +165,7 @@ void MotoreScansione::AvviaScansione() {
     }
     if (AggiornaCorone) AggiornaCorone();
     // Under a panel the ring waits for the panel to go.
-    if (!sospeso_) Attendi(PrimaAttesa);
+    if (!sospeso_) Attendi(std::max<int>(PrimaAttesa, dwell));
 }
 
 void MotoreScansione::FermaScansione() {

@@ -67,6 +67,11 @@ public:
 
     // Starts the ring: redraw, a full dwell, step, and again, until stopped.
     void AvviaScansione();
+    // As AvviaScansione, but the ring first stands `dwell` dwells where it is
+    // (three at most, never fewer than PrimaAttesa): a button meant to be picked
+    // again and again keeps the ring a while, and still lets it go on.
+    void AvviaScansioneConSosta(int dwell);
+    static constexpr int SostaSulTasto = 3;
     // The choice: the ring stops at once and no tick will come.
     void FermaScansione();
     // Is a dwell running on the clock?

@@ -335,8 +335,11 @@ void QuadroScriviTesto::ClickFunzione(int16_t indice) {
             Bip();
             break;
         }
-        // The ring stays here: each further pick moves one more character left.
+        // The ring stays here a while: each further pick moves one more
+        // character left; left alone, it walks on, however long the text.
         Mostra();
+        if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2)
+            Motore.AvviaScansioneConSosta(MotoreScansione::SostaSulTasto);
         return;
     case 104:
         if (!testo_.Avanti()) Bip();

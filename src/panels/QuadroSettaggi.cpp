@@ -215,8 +215,13 @@ void QuadroSettaggi::ColoreDiSfondo() {
     ColoreScelto = ColoreSfondo;
     ApriQuadroSceltaColore1();
     ParcheggiaMouse();
-    // Left without a colour, the ring stands on this button until the next pick.
-    if (ColoreScelto < 0) return;
+    // Left without a colour, the ring stands on this button a while for a
+    // second try, then walks on: a single switch is never held here.
+    if (ColoreScelto < 0) {
+        if (isVisible() && (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2))
+            Motore.AvviaScansioneConSosta(MotoreScansione::SostaSulTasto);
+        return;
+    }
     ColoreSfondo = ColoreScelto;
     ApplicaSfondo(tela_, ColoreSfondo);
     Riprendi();

@@ -217,28 +217,34 @@ private slots:
         QCOMPARE(ColoreSfondo, Grigio);
     }
 
-    void sfondo_lasciato_senza_colore_ferma_l_anello_in_modo_1() {
+    void sfondo_lasciato_senza_colore_trattiene_l_anello_poi_lo_lascia_andare_data() {
+        QTest::addColumn<int>("scelta");
+        QTest::newRow("scelta Invio") << 1;
+        QTest::newRow("scelta Barra") << 2;
+    }
+    void sfondo_lasciato_senza_colore_trattiene_l_anello_poi_lo_lascia_andare() {
+        QFETCH(int, scelta);
+        TastoScelta = int16_t(scelta);
+        TastoScansione = int16_t(3 - scelta);
+        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
         a = GuidaDisegno::Apri(1);
         orologio->Avanza(int64_t((124 - a->Motore.TastoCorrente + 33) % 33) * Sosta);
         QCOMPARE(a->Motore.TastoCorrente, int16_t(124));
-        int16_t dopo = 0;
-        int16_t attiva = -1;
+        QList<int16_t> anello;
         Copione c(*orologio);
         // Five dwells from 134 to 139; then the colour panel from 101 round to 124.
-        c.Attendi(5 * Sosta).Tasto(Qt::Key_Return);
-        c.Attendi(23 * Sosta).Tasto(Qt::Key_Return);
-        c.Attendi(3 * Sosta);
-        c.Esegui([&] {
-            auto* s = PannelloDavanti<QuadroSettaggi>();
-            dopo = s->Motore.TastoCorrente;
-            attiva = s->Motore.ScansioneAttiva;
-            s->ClickTasto(140);
-        });
+        c.Attendi(5 * Sosta).Tasto(tasto);
+        c.Attendi(23 * Sosta).Tasto(tasto);
+        auto guarda = [&] { anello << PannelloDavanti<QuadroSettaggi>()->Motore.TastoCorrente; };
+        // A while on 139 for a second try, then on to 140, "Chiudi", picked by the switch.
+        c.Attendi(3 * Sosta - 1).Esegui(guarda);
+        c.Attendi(1).Esegui(guarda);
+        c.Tasto(tasto);
         c.Avvia();
-        QVERIFY(PremiTasto(Qt::Key_Return));
+        QVERIFY(PremiTasto(tasto));
         QVERIFY(c.Finito());
-        QCOMPARE(dopo, int16_t(139));
-        QCOMPARE(attiva, int16_t(0));
+        QCOMPARE(anello, (QList<int16_t>{139, 140}));
+        QVERIFY(PannelloDavanti<QuadroSettaggi>() == nullptr);
         QCOMPARE(ColoreSfondo, Grigio);
     }
 

@@ -244,21 +244,20 @@ private slots:
         QCOMPARE(bip, (QList<int>{0, 0, 0, 0, 1, 1, 2, 3, 4}));
     }
 
-    void modo_1_sinistra_ferma_l_anello_e_ogni_scelta_sposta_ancora_fino_al_bip() {
+    void modo_1_sinistra_trattiene_l_anello_e_ogni_scelta_sposta_ancora_fino_al_bip() {
         ModalitàFunzionamento = 1;
         Riapri({QStringLiteral("AB")});
         QStringList testi;
-        QList<int> inAttesa, bip;
+        QList<int> bip;
         QList<int16_t> anello;
         Copione c(*orologio);
         auto nota = [&] {
             testi << TestoOra();
-            inAttesa << orologio->InAttesa();
             bip << ContatoreBip;
             anello << AnelloOra();
         };
         c.Attendi(2000).Tasto(Qt::Key_Return).Esegui(nota); // 103
-        c.Attendi(5000).Esegui(nota);
+        c.Attendi(2900).Esegui(nota);                       // held still
         c.Tasto(Qt::Key_Return).Esegui(nota);
         c.Tasto(Qt::Key_Return).Esegui(nota); // at the start: beep, the ring goes on
         c.Attendi(1000).Esegui(nota);
@@ -269,9 +268,43 @@ private slots:
         c.Attendi(1000).Tasto(Qt::Key_Return); // 101
         QVERIFY(Apri(c));
         QCOMPARE(testi, (QStringList{"A_B", "A_B", "_AB", "_AB", "_AB", "A_B", "A_B", "A_B"}));
-        QCOMPARE(inAttesa, (QList<int>{0, 0, 0, 1, 1, 1, 1, 1}));
         QCOMPARE(bip, (QList<int>{0, 0, 0, 1, 1, 1, 1, 2}));
         QCOMPARE(anello, (QList<int16_t>{103, 103, 103, 103, 104, 104, 105, 112}));
+    }
+
+    void modo_1_in_un_testo_lungo_sinistra_lascia_andare_l_anello_dopo_la_sosta_data() {
+        QTest::addColumn<int>("scelta");
+        QTest::newRow("scelta Invio") << 1;
+        QTest::newRow("scelta Barra") << 2;
+    }
+    void modo_1_in_un_testo_lungo_sinistra_lascia_andare_l_anello_dopo_la_sosta() {
+        QFETCH(int, scelta);
+        ModalitàFunzionamento = 1;
+        TastoScelta = int16_t(scelta);
+        TastoScansione = int16_t(3 - scelta);
+        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        // A text as long as one read from a file: thousands of picks to its start.
+        const QString lungo = QString(3000, u'A');
+        Riapri({lungo});
+        QList<int16_t> anello;
+        QString dopo;
+        Copione c(*orologio);
+        c.Attendi(2000).Tasto(tasto); // 103
+        c.Attendi(1000).Tasto(tasto); // again within the pause: one more left
+        c.Esegui([&] { anello << AnelloOra(); });
+        c.Attendi(2999).Esegui([&] { anello << AnelloOra(); });
+        // Left alone the ring walks on: 104, 105, ... to "confirm" again.
+        c.Attendi(1).Esegui([&] {
+            anello << AnelloOra();
+            dopo = TestoOra();
+        });
+        c.Attendi(1000).Esegui([&] { anello << AnelloOra(); });
+        c.Attendi(8000).Tasto(tasto); // 101
+        QVERIFY(Apri(c));
+        QCOMPARE(anello, (QList<int16_t>{103, 103, 104, 105}));
+        QCOMPARE(dopo, QString(2998, u'A') + QStringLiteral("_AA"));
+        QCOMPARE(ContatoreBip, 0);
+        QVERIFY(NumeroRigheScritte >= 1);
     }
 
     void modo_1_in_alto_di_una_riga_riprende_l_anello() {
