@@ -4,11 +4,13 @@
 #include "archive/Archivi.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
+#include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "panels/ProvaPannello.h"
+#include "panels/QuadroScriviTesto.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/Utilita.h"
@@ -160,6 +162,43 @@ private slots:
         QCOMPARE(sopra.copy(dentro), tela.copy(dentro));
         a->RidisegnoCompleto();
         QCOMPARE(a->Quadro.Immagine(), tela);
+    }
+
+    // A line wider than 32767 twips is measured whole and placed like any other.
+    void una_riga_piu_larga_di_32767_twips_si_scrive() {
+        a = GuidaDisegno::Apri(4);
+        const QString riga(200, QChar(u'W'));
+        ScriviTesto(riga);
+        QCOMPARE(PrimitivaAttiva, int16_t(128));
+        QCOMPARE(ElementoInCostruzione.Testo, riga);
+        QVERIFY(ElementoInCostruzione.XFine - ElementoInCostruzione.XInizio > 32767);
+        // Centred, to the twip an odd width leaves.
+        QVERIFY(qAbs(ElementoInCostruzione.XInizio + ElementoInCostruzione.XFine -
+                     2 * int32_t(Predefiniti::CentroX)) <= 1);
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    // Too wide for the drawing's positions: said, and the keyboard opens
+    // again on the same words; nothing written is lost.
+    void un_testo_troppo_grande_si_rifiuta_e_resta_sulla_tastiera() {
+        a = GuidaDisegno::Apri(4);
+        const QString riga(300, QChar(u'W'));
+        QString avviso, riaperto;
+        Copione c(*orologio);
+        ScriviConLeFrecce(c, riga);
+        c.Esegui([&] { avviso = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        c.Esegui([&] {
+            if (auto* k = PannelloDavanti<QuadroScriviTesto>()) riaperto = k->Testo().Testo();
+        });
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Return); // leave the keyboard
+        PremiCon(128, c);
+        QCOMPARE(avviso, QStringLiteral("ATTENZIONE!\rIl Testo è troppo grande per il Disegno!\rSi "
+                                        "prega di accorciare le righe\ro di ridurne il "
+                                        "numero.\rPremere «OK» per proseguire!"));
+        QCOMPARE(riaperto, riga + u'_');
+        QCOMPARE(PrimitivaAttiva, int16_t(0));
+        QCOMPARE(NumeroAzioni, 0);
+        QVERIFY(amb->Scatole.isEmpty());
     }
 
     void grassetto_e_corsivo_si_vedono_uguali_dal_vivo_e_ripresi() {
