@@ -4,14 +4,23 @@
 #include "start/Configurazione.h"
 #include "start/Misure.h"
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QTextEdit>
+
+#include <algorithm>
 
 QuadroMessaggi::QuadroMessaggi(QWidget* genitore) : FormScansione(101, 103, genitore) {
     setWindowTitle(QStringLiteral("Programma «ZANTO»  -  INFORMAZIONI  E  SCELTE"));
-    setFixedSize(Px(4800), Px(5100));
+    // Wide enough for the title to show whole in the window's title bar; the
+    // buttons keep their places in the middle.
+    const int larghezza = std::max(Px(4800), LarghezzaPerTitolo(windowTitle()));
+    const int spostamento = (larghezza - Px(4800)) / 2;
+    setFixedSize(larghezza, Px(5100));
     ImmiTestoMessaggio = new QTextEdit(this);
     ImmiTestoMessaggio->setObjectName(QStringLiteral("ImmiTestoMessaggio"));
-    ImmiTestoMessaggio->setGeometry(RettangoloTwips(-30, 15, 4800, 4335));
+    ImmiTestoMessaggio->setGeometry(
+        RettangoloTwips(-30, 15, 4800, 4335).adjusted(0, 0, larghezza - Px(4800), 0));
     ImmiTestoMessaggio->setReadOnly(true);
     // The box scrolls by its own bar; no key ever reaches it.
     ImmiTestoMessaggio->setFocusPolicy(Qt::NoFocus);
@@ -25,8 +34,16 @@ QuadroMessaggi::QuadroMessaggi(QWidget* genitore) : FormScansione(101, 103, geni
                {103, 3090, 4410, 1260, 570, QString(), QString()}},
               60);
     const QFont carattereTasti = Carattere(QStringLiteral("Arial"), 11, true);
-    for (TastoZanto* tasto : std::as_const(Tasti))
+    for (TastoZanto* tasto : std::as_const(Tasti)) {
         tasto->setFont(carattereTasti);
+        // A black face: the green, red and yellow of the captions all stand out on it.
+        QPalette p = tasto->palette();
+        p.setColor(QPalette::Button, Qt::black);
+        tasto->setPalette(p);
+        tasto->move(tasto->pos() + QPoint(spostamento, 0));
+    }
+    for (QLabel* corona : std::as_const(Corone))
+        corona->move(corona->pos() + QPoint(spostamento, 0));
 
     // A pause does not hold here: every tick that is not backwards goes forward.
     Motore.PassoCiclo = [this](int16_t passo) {
@@ -166,4 +183,13 @@ int16_t Messaggio(const QString& testo, int16_t tipo, int16_t predefinito) {
 
 QString Righe(const QStringList& righe) {
     return righe.join(QChar(u'\r'));
+}
+
+int LarghezzaPerTitolo(const QString& titolo) {
+    // Title bars write in a bold face of about the program's size, beside the
+    // window's icon and its three buttons.
+    QFont carattere = QApplication::font();
+    carattere.setBold(true);
+    const QFontMetrics misura(carattere);
+    return misura.horizontalAdvance(titolo) + 6 * misura.height();
 }

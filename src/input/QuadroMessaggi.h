@@ -36,15 +36,13 @@ private:
 };
 
 // What a button that is there for later versions says when it is chosen. The
-// two contact lines stand for the assistance service's own.
+// project has no assistance service to name: no address and no number follow.
 inline const QString TestoTastoNonOperativo =
     QStringLiteral("ATTENZIONE!\rIl presente Tasto NON è attualmente operativo!\r"
                    "E' stato inserito per compatibilità con future\r"
                    "versioni del Programma ZANTO.\r"
                    "E' possibile richiedere informazioni al Centro\r"
                    "Assistenza scrivendo al seguente indirizzo E-Mail:\r"
-                   "assistenza.zanto@example.org\r"
-                   "oppure telefonando al numero 000 0000000\r"
                    "Premere «OK» per proseguire!");
 
 // Opens the panel with the globals as they stand, waits for the answer and
@@ -52,5 +50,7 @@ inline const QString TestoTastoNonOperativo =
 int16_t MostraQuadroMessaggi();
 // Sets the three inputs, then as MostraQuadroMessaggi.
 int16_t Messaggio(const QString& testo, int16_t tipo, int16_t predefinito);
+// How wide a window must be for `titolo` to show whole in its title bar.
+int LarghezzaPerTitolo(const QString& titolo);
 // Lines joined by a carriage return alone, as every message is built.
 QString Righe(const QStringList& righe);

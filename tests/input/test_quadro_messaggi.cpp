@@ -2,11 +2,14 @@
 #include "input/QuadroMessaggi.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
+#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QScrollBar>
 #include <QTextEdit>
 #include <QtTest>
@@ -287,18 +290,79 @@ private slots:
         QString titolo;
         QList<QRect> posti;
         QRect casella;
+        int larghezza = 0;
         Copione c(*orologio);
         c.Esegui([&] {
             titolo = Quadro()->windowTitle();
             for (int16_t i = 101; i <= 103; ++i)
                 posti.append(Quadro()->Tasti.value(i)->geometry());
             casella = Quadro()->ImmiTestoMessaggio->geometry();
+            larghezza = Quadro()->width();
         });
         c.Tasto(Qt::Key_Return);
         Apri(c, 4, 1);
         QCOMPARE(titolo, QStringLiteral("Programma «ZANTO»  -  INFORMAZIONI  E  SCELTE"));
-        QCOMPARE(posti, (QList<QRect>{{22, 294, 84, 38}, {114, 294, 84, 38}, {206, 294, 84, 38}}));
-        QCOMPARE(casella, QRect(-2, 1, 320, 289));
+        // The panel is wider than its layout so that the title shows whole: the
+        // buttons keep their places and spacing in the middle, the box spans it.
+        const int spostamento = (larghezza - 320) / 2;
+        QVERIFY(larghezza >= 320);
+        QCOMPARE(posti, (QList<QRect>{{22 + spostamento, 294, 84, 38},
+                                      {114 + spostamento, 294, 84, 38},
+                                      {206 + spostamento, 294, 84, 38}}));
+        QCOMPARE(casella, QRect(-2, 1, larghezza, 289));
+    }
+
+    void il_titolo_entra_nella_barra_della_finestra() {
+        QuadroMessaggi q;
+        QFont carattere = QApplication::font();
+        carattere.setBold(true);
+        const QFontMetrics misura(carattere);
+        // The icon and the three buttons of a title bar take about a line's
+        // height each.
+        QVERIFY2(misura.horizontalAdvance(q.windowTitle()) + 4 * misura.height() <= q.width(),
+                 qPrintable(QStringLiteral("%1 + %2 > %3")
+                                .arg(misura.horizontalAdvance(q.windowTitle()))
+                                .arg(4 * misura.height())
+                                .arg(q.width())));
+    }
+
+    void le_didascalie_si_staccano_dal_tasto() {
+        TipoQuadroMessaggi = 4;
+        TastoPredefinitoQuadroMessaggi = 1;
+        QuadroMessaggi q;
+        q.AttivaQuadroMessaggi();
+        Schermata(&q, QStringLiteral("messaggio-domanda"));
+        const QList<std::pair<int16_t, uint32_t>> attese{
+            {101, 0x00FF00}, {102, 0xFF0000}, {103, 0xFFFF00}};
+        for (const auto& [indice, rgb] : attese) {
+            TastoZanto* tasto = q.Tasti.value(indice);
+            const QImage img = tasto->grab().toImage();
+            // The face at the button's middle height, left of its caption.
+            const QColor faccia = img.pixelColor(img.width() / 10, img.height() / 2);
+            const QColor scritta = ColoreRGB(rgb);
+            const double rapporto = RapportoContrasto(scritta, faccia);
+            QVERIFY2(rapporto >= 4.5, qPrintable(QStringLiteral("%1 su %2: %3:1")
+                                                     .arg(tasto->text(), faccia.name())
+                                                     .arg(rapporto)));
+            // And the caption is painted in its colour.
+            int inColore = 0;
+            for (int y = 0; y < img.height(); ++y)
+                for (int x = 0; x < img.width(); ++x)
+                    inColore += img.pixelColor(x, y) == scritta;
+            QVERIFY2(inColore > 10, qPrintable(tasto->text()));
+        }
+    }
+
+    void il_tasto_non_operativo_non_nomina_recapiti_inesistenti() {
+        const QStringList righe = TestoTastoNonOperativo.split(u'\r');
+        QCOMPARE(righe,
+                 (QStringList{QStringLiteral("ATTENZIONE!"),
+                              QStringLiteral("Il presente Tasto NON è attualmente operativo!"),
+                              QStringLiteral("E' stato inserito per compatibilità con future"),
+                              QStringLiteral("versioni del Programma ZANTO."),
+                              QStringLiteral("E' possibile richiedere informazioni al Centro"),
+                              QStringLiteral("Assistenza scrivendo al seguente indirizzo E-Mail:"),
+                              QStringLiteral("Premere «OK» per proseguire!")}));
     }
 
     void ogni_tasto_ha_un_nome_accessibile() {
