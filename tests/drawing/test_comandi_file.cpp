@@ -10,6 +10,7 @@
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "model/TracciaAzioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroMostraLista.h"
@@ -104,6 +105,9 @@ private slots:
     void nuovo_disegno_con_SI_svuota_disegno_storia_e_nome() {
         Apri(4);
         Rettangolo(0);
+        QCOMPARE(SondePixel::Colore(a->Quadro.Immagine(), SondePixel::Px(Predefiniti::XInizio),
+                                    SondePixel::Px(Predefiniti::CentroY)),
+                 0x000000);
         NomeDisegnoCorrente = QStringLiteral("Casa");
         CodiceDisegnoCorrente = 7;
         StatoDisegno = 1;
@@ -116,8 +120,11 @@ private slots:
         QCOMPARE(StatoDisegno, int16_t(2));
         QCOMPARE(NomeDisegnoCorrente, QString());
         QCOMPARE(CodiceDisegnoCorrente, 0);
+        // The rectangle's edge, drawn before, is ground again.
         const QImage img = a->Quadro.Immagine();
-        QCOMPARE(SondePixel::Colore(img, img.width() / 2, img.height() / 2), ColoreSfondo);
+        QCOMPARE(SondePixel::Colore(img, SondePixel::Px(Predefiniti::XInizio),
+                                    SondePixel::Px(Predefiniti::CentroY)),
+                 ColoreSfondo);
     }
 
     void salvare_un_disegno_vuoto_suona() {
@@ -313,7 +320,10 @@ private slots:
         Apri(4);
         Rettangolo(0);
         Salva(QStringLiteral("SFONDO"));
+        // A ground chosen on the settings panel, as its 139 sets it.
         ColoreSfondo = 0x00FFFF;
+        ApplicaSfondo(a->Quadro, ColoreSfondo);
+        QCOMPARE(SondePixel::Colore(a->Quadro.Immagine(), 2, 2), 0x00FFFF);
         NomeDisegnoCorrente.clear();
         Leggi(1);
         QCOMPARE(ColoreSfondo, int32_t(0xC0C0C0));

@@ -18,6 +18,8 @@
 #include "support/SondePixel.h"
 
 #include <QFile>
+#include <QFont>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QtTest>
 
@@ -42,15 +44,21 @@ Conta ContaNelBox(const QImage& img, int32_t colore, const RecordAzione& box) {
     return c;
 }
 
-// The measure the program must take: the record's font on a canvas of its own.
-QSizeF Misura(const QStringList& righe, const QString& font, int32_t dimensione) {
-    Superficie s(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
-    s.FontName = font;
-    s.FontSize = float(dimensione);
+// The measure the program must take, straight from the font's metrics at 96
+// dots per inch, 15 twips a pixel: a line's advance, and a line's height
+// rounded up to the pixel (several lines measure half of theirs).
+QSizeF Misura(const QStringList& righe, const QString& nome, int32_t dimensione) {
+    QFont font(nome);
+    font.setPointSizeF(dimensione);
+    font.setStyleStrategy(QFont::NoAntialias);
+    QImage a96dpi(1, 1, QImage::Format_RGB32);
+    a96dpi.setDotsPerMeterX(3780);
+    a96dpi.setDotsPerMeterY(3780);
+    const QFontMetricsF m(font, &a96dpi);
     double larghezza = 0;
-    for (const QString& riga : righe)
-        larghezza = std::max(larghezza, double(s.TextWidth(riga)));
-    const double alto = s.TextHeight(righe.first());
+    for (QString riga : righe)
+        larghezza = std::max(larghezza, m.horizontalAdvance(riga.remove(u'\r')) * 15);
+    const double alto = std::ceil(m.height()) * 15;
     return {larghezza, righe.size() == 1 ? alto : alto * double(righe.size()) / 2};
 }
 
