@@ -22,6 +22,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -221,7 +222,17 @@ void ConfigurazioniGenerali::CambiaPagina() {
 }
 
 void ConfigurazioniGenerali::MostraStampante() {
-    QString nome = StampanteProgramma.isEmpty() ? StampanteDiSistema : StampanteProgramma;
+    ScriviStampante();
+    // The print service's answer comes off the screen's thread, the line with it.
+    QPointer<ConfigurazioniGenerali> modulo(this);
+    AggiornaStampanti([modulo](bool) {
+        if (modulo != nullptr) modulo->ScriviStampante();
+    });
+}
+
+void ConfigurazioniGenerali::ScriviStampante() {
+    // The printer a page goes to now, the system's own included.
+    QString nome = StampanteInUso();
     if (nome.isEmpty()) nome = QStringLiteral("nessuna");
     QString testo = QStringLiteral("Stampante attiva:  « ") + nome + QStringLiteral(" »");
     // A choice the system does not have now is kept and shown for what it is.

@@ -77,6 +77,7 @@ private:
     void MostraQuadri();
     void Colora();
     void MostraStampante();
+    void ScriviStampante();
     bool TastoDiretto(int tasto);
     bool FiltroLatenza(QKeyEvent* evento);
     bool AlAnello(QEvent* evento);

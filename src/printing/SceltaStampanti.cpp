@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 
 SceltaStampanti::SceltaStampanti() {
@@ -83,11 +84,29 @@ void SceltaStampanti::AttivaSceltaStampanti() {
     attivando_ = true;
     ScrittaStampanteAttiva->setText(StampanteScelta.isEmpty() ? StampanteDiSistema
                                                               : StampanteScelta);
+    RiempiLista();
+    attivando_ = false;
+    ListaStampanti->setFocus(Qt::OtherFocusReason);
+    // The list shows what the print service said last; its new answer,
+    // gathered off the screen's thread, replaces it while the form is open.
+    QPointer<SceltaStampanti> modulo(this);
+    AggiornaStampanti([modulo](bool) {
+        if (modulo == nullptr) return;
+        const QString evidenziata = modulo->ListaStampanti->currentItem() != nullptr
+                                        ? modulo->ListaStampanti->currentItem()->text()
+                                        : QString();
+        modulo->attivando_ = true;
+        modulo->RiempiLista();
+        const auto righe = modulo->ListaStampanti->findItems(evidenziata, Qt::MatchExactly);
+        if (!righe.isEmpty()) modulo->ListaStampanti->setCurrentItem(righe.first());
+        modulo->attivando_ = false;
+    });
+}
+
+void SceltaStampanti::RiempiLista() {
     ListaStampanti->clear();
     ListaStampanti->addItems(StampantiDiSistema());
     if (ListaStampanti->count() > 0) ListaStampanti->setCurrentRow(0);
-    attivando_ = false;
-    ListaStampanti->setFocus(Qt::OtherFocusReason);
 }
 
 void SceltaStampanti::SelezionaPrima() {

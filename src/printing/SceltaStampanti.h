@@ -32,6 +32,7 @@ protected:
 private:
     // Ready for "Scegli", which does not call it.
     void SelezionaPrima();
+    void RiempiLista();
     bool attivando_ = false;
 };
 

@@ -18,7 +18,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QPrinterInfo>
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QStandardPaths>
@@ -245,9 +244,10 @@ int AvviaZanto() {
             {165, [] { ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti()); }},
             {170,
              [] {
-                 StampanteDiSistema = QPrinterInfo::defaultPrinterName();
+                 // The print service answers off the screen's thread: one that
+                 // does not answer holds up neither the start nor the ring.
                  StampanteProgramma.clear();
-                 ImpostaStampanteProgramma(StampanteScelta);
+                 AggiornaStampanti();
              }},
             {180, [] { CaricaMenùGenerale(); }},
             // A save cut short by a crash may have left a bitmap behind its rows.

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # A print service of the tests' own: a CUPS scheduler on a socket in a folder
-# of the build, with one PDF queue whose backend writes each job it gets into
-# that folder. No system printer or setting is touched.
+# of the build, with two queues driven by real PDF printer descriptions (Letter
+# by default, with hardware margins, as most printers have) whose backend
+# writes each job it gets into that folder as a PDF. No system printer or
+# setting is touched.
 #   cups-privato.sh avvia FOLDER   starts it (returns when it is listening)
 #   cups-privato.sh ferma FOLDER   stops it
 set -euo pipefail
@@ -31,6 +33,10 @@ ferma
 cupsd_bin="$(command -v cupsd || echo /usr/sbin/cupsd)"
 [[ -x "$cupsd_bin" ]] || { echo "cupsd mancante: installare cups-daemon" >&2; exit 1; }
 command -v lpadmin >/dev/null || { echo "lpadmin mancante: installare cups-client" >&2; exit 1; }
+ppd=/usr/share/ppd/cupsfilters
+for f in Generic-PDF_Printer-PDF.ppd Fuji_Xerox-DocuPrint_CM305_df-PDF.ppd; do
+  [[ -f "$ppd/$f" ]] || { echo "$ppd/$f mancante: installare cups-filters" >&2; exit 1; }
+done
 
 rm -rf "$R/etc" "$R/spool" "$R/cache" "$R/state" "$R/tmp" "$R/log" "$R/bin" "$R/uscita"
 mkdir -p "$R"/{etc/ppd,spool,cache,state,tmp,log,bin/backend,uscita}
@@ -50,7 +56,16 @@ if [ $# -eq 0 ]; then
 fi
 dest="${DEVICE_URI#zantopdf:}"
 tmp="$dest/.lavoro-$1"
-if [ $# -ge 6 ]; then cat "$6" >"$tmp"; else cat >"$tmp"; fi || exit 1
+if [ $# -ge 6 ]; then cat "$6" >"$tmp.pjl"; else cat >"$tmp.pjl"; fi || exit 1
+# The driver wraps the PDF in the printer's job language: the file keeps the
+# PDF from its header on.
+inizio="$(grep -abo -m1 '%PDF-' "$tmp.pjl" | head -n1 | cut -d: -f1)"
+[ -n "$inizio" ] || exit 1
+tail -c "+$((inizio + 1))" "$tmp.pjl" >"$tmp" || exit 1
+rm -f "$tmp.pjl"
+# The job's name as the service got it, beside the page.
+printf '%s' "$3" >"$dest/lavoro-$1.titolo"
+chmod 644 "$dest/lavoro-$1.titolo"
 # Whole or not at all: whoever waits for the file never reads half a job.
 chmod 644 "$tmp"
 mv "$tmp" "$dest/lavoro-$1.pdf"
@@ -97,6 +112,9 @@ pgrep -f -n "cupsd -C $R/etc/cupsd.conf" >"$R/cupsd.pid" ||
   pgrep -f -n "cupsd -c $R/etc/cupsd.conf" >"$R/cupsd.pid"
 
 export CUPS_SERVER="$R/cups.sock"
-lpadmin -p ZantoProva -v "zantopdf:$R/uscita" -D "ZANTO PDF di prova" -o printer-error-policy=abort-job -E 2>/dev/null
-lpadmin -p ZantoSeconda -v "zantopdf:$R/uscita" -D "ZANTO seconda stampante" -o printer-error-policy=abort-job -E 2>/dev/null
+# lpadmin warns that printer drivers are deprecated; they are what most printers still have.
+lpadmin -p ZantoProva -v "zantopdf:$R/uscita" -D "ZANTO PDF di prova" \
+  -P "$ppd/Generic-PDF_Printer-PDF.ppd" -o printer-error-policy=abort-job -E 2>/dev/null
+lpadmin -p ZantoSeconda -v "zantopdf:$R/uscita" -D "ZANTO seconda stampante" \
+  -P "$ppd/Fuji_Xerox-DocuPrint_CM305_df-PDF.ppd" -o printer-error-policy=abort-job -E 2>/dev/null
 lpstat -v

@@ -194,6 +194,17 @@ private slots:
         QCOMPARE(StampanteArchiviata(), QStringLiteral("Ufficio"));
     }
 
+    // With no default printer the page goes to the system's first, and the
+    // form names it: "nessuna" only when the system has none.
+    void senza_predefinita_la_riga_dice_quella_che_stampa() {
+        StampanteDiSistema.clear();
+        ConfigurazioniGenerali* c = Configurazioni();
+        QCOMPARE(StampanteInUso(), QStringLiteral("Ufficio"));
+        QCOMPARE(c->ScrittaStampante->text(), QStringLiteral("Stampante attiva:  « Ufficio »"));
+        StampanteProgramma = QStringLiteral("Casa « PDF »");
+        QCOMPARE(StampanteInUso(), StampanteProgramma);
+    }
+
     void scegli_non_fa_nulla() {
         ConfigurazioniGenerali* c = Configurazioni();
         bool ancoraAperta = false;

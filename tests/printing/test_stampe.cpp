@@ -125,6 +125,35 @@ private slots:
         QCOMPARE(a->Quadro.BackColor(), Grigio);
     }
 
+    // Where the title and the canvas go for the printable part a printer
+    // gives: at their place 1 to 1 when they fit, else as large as fits in
+    // the same proportions, inside it.
+    void la_tela_sta_dentro_la_parte_stampabile() {
+        const QRectF a4(0, 0, 16838, 11906);
+        const PostoPagina intera = PostoSullaPagina(a4.adjusted(720, 360, -720, -360));
+        QCOMPARE(intera.Scala, 1.0);
+        QCOMPARE(QPointF(intera.TitoloX, intera.TitoloY), QPointF(1200, 400));
+        QCOMPARE(QPointF(intera.TelaX, intera.TelaY), QPointF(1200, 800));
+        // An inch all round: the canvas no longer fits as it is.
+        const QRectF stampabile = a4.adjusted(1440, 1440, -1440, -1440);
+        const PostoPagina stretta = PostoSullaPagina(stampabile);
+        QVERIFY(stretta.Scala < 1);
+        const QRectF tela(stretta.TelaX, stretta.TelaY, LarghezzaQuadroDisegno * stretta.Scala,
+                          AltezzaQuadroDisegno * stretta.Scala);
+        QVERIFY(stampabile.contains(tela));
+        QVERIFY(stampabile.contains(QPointF(stretta.TitoloX, stretta.TitoloY)));
+        QCOMPARE(stretta.TelaY - stretta.TitoloY, 400.0);
+        // As large as fits: it touches the printable part's bottom.
+        QVERIFY(qAbs(tela.bottom() - stampabile.bottom()) < 1);
+        // A printer that kept its Letter paper upright: narrower than the canvas.
+        const QRectF lettera = QRectF(0, 0, 12240, 15840).adjusted(360, 720, -360, -720);
+        const PostoPagina dritta = PostoSullaPagina(lettera);
+        QVERIFY(qAbs(LarghezzaQuadroDisegno * dritta.Scala - lettera.width()) < 1);
+        QVERIFY(lettera.contains(QRectF(dritta.TelaX, dritta.TelaY,
+                                        LarghezzaQuadroDisegno * dritta.Scala,
+                                        AltezzaQuadroDisegno * dritta.Scala)));
+    }
+
     void annullare_non_stampa_nulla() {
         Copione c(*orologio);
         c.Tasto(Qt::Key_Right).Tasto(Qt::Key_Return); // from "OK" to "Annulla"
