@@ -82,8 +82,8 @@ SceltaStampanti::SceltaStampanti() {
 
 void SceltaStampanti::AttivaSceltaStampanti() {
     attivando_ = true;
-    ScrittaStampanteAttiva->setText(StampanteScelta.isEmpty() ? StampanteDiSistema
-                                                              : StampanteScelta);
+    // The printer a page goes to now, until a choice is made.
+    ScrittaStampanteAttiva->setText(StampanteScelta.isEmpty() ? StampanteInUso() : StampanteScelta);
     RiempiLista();
     attivando_ = false;
     ListaStampanti->setFocus(Qt::OtherFocusReason);
@@ -99,6 +99,8 @@ void SceltaStampanti::AttivaSceltaStampanti() {
         modulo->RiempiLista();
         const auto righe = modulo->ListaStampanti->findItems(evidenziata, Qt::MatchExactly);
         if (!righe.isEmpty()) modulo->ListaStampanti->setCurrentItem(righe.first());
+        if (modulo->ScrittaStampanteAttiva->text().isEmpty() && StampanteScelta.isEmpty())
+            modulo->ScrittaStampanteAttiva->setText(StampanteInUso());
         modulo->attivando_ = false;
     });
 }

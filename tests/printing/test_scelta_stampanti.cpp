@@ -201,6 +201,14 @@ private slots:
         ConfigurazioniGenerali* c = Configurazioni();
         QCOMPARE(StampanteInUso(), QStringLiteral("Ufficio"));
         QCOMPARE(c->ScrittaStampante->text(), QStringLiteral("Stampante attiva:  « Ufficio »"));
+        // The list's label names it too, and Enter on the list just opened keeps it.
+        QString etichetta;
+        QVERIFY(Scegli(c, [&](SceltaStampanti* d) {
+            etichetta = d->ScrittaStampanteAttiva->text();
+            Premi(d->ListaStampanti, Qt::Key_Return);
+        }));
+        QCOMPARE(etichetta, QStringLiteral("Ufficio"));
+        QCOMPARE(StampanteScelta, QStringLiteral("Ufficio"));
         StampanteProgramma = QStringLiteral("Casa « PDF »");
         QCOMPARE(StampanteInUso(), StampanteProgramma);
     }
