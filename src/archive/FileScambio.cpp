@@ -1,12 +1,18 @@
 #include "archive/FileScambio.h"
 
+#include "archive/ImportaScambio.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
 #include "archive/Schema.h"
+#include "model/LimitiTesto.h"
+#include "model/Superficie.h"
+#include "model/TracciaAzioni.h"
+#include "start/FileRegolari.h"
 #include "start/MappaErrori.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSaveFile>
 #include <QSet>
 #include <QSqlDatabase>
@@ -15,6 +21,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -44,11 +51,31 @@ QList<std::pair<QString, QString>> Tabelle() {
     };
 }
 
-// Values no screen of the program makes: a text of thousands of lines, a
-// font or a pen far beyond the canvas.
+// Values no screen of the program makes: a font or a pen far beyond the canvas.
 bool ValoriPossibili(const RecordAzione& a) {
-    return a.SizeFont >= 0 && a.SizeFont <= 1000 && a.SpessLinea >= 0 && a.SpessLinea <= 1000 &&
-           a.Testo.size() <= 65535 && a.Testo.count(u'\n') <= 1000;
+    return a.SizeFont >= 0 && a.SizeFont <= 1000 && a.SpessLinea >= 0 && a.SpessLinea <= 1000;
+}
+
+const QString Danneggiato = QStringLiteral("Il file è danneggiato o non è un disegno di ZANTO.");
+
+// The name a picture found at `percorso` travels under: its file name, made
+// different from the names already given to other paths.
+QString NomeInViaggio(const QString& percorso, QHash<QString, QString>& dati,
+                      QSet<QString>& usati) {
+    const auto dato = dati.constFind(percorso);
+    if (dato != dati.constEnd()) return *dato;
+    QString nome = percorso;
+    nome.replace(QChar(u'\\'), QChar(u'/'));
+    nome = nome.section(QChar(u'/'), -1);
+    if (nome.isEmpty()) nome = QStringLiteral("immagine");
+    const QString base = QFileInfo(nome).completeBaseName();
+    const QString suffisso = QFileInfo(nome).suffix();
+    for (int numero = 2; usati.contains(nome.toCaseFolded()); ++numero)
+        nome = base + u'-' + QString::number(numero) +
+               (suffisso.isEmpty() ? QString() : u'.' + suffisso);
+    usati.insert(nome.toCaseFolded());
+    dati.insert(percorso, nome);
+    return nome;
 }
 
 // A connection of its own for one file, gone when it goes.
@@ -87,18 +114,60 @@ void Sql(const QSqlDatabase& db, const QString& testo) {
 
 } // namespace
 
-QList<ImmagineScambio> ImmaginiNominate(const QList<RecordAzione>& azioni, int32_t numero) {
+QList<ImmagineScambio> ImmaginiNominate(QList<RecordAzione>& azioni, int32_t numero) {
     QList<ImmagineScambio> immagini;
-    QSet<QString> viste;
+    QHash<QString, QString> nomi;
+    QSet<QString> usati;
     for (int32_t i = 1; i <= numero && i < azioni.size(); ++i) {
-        const RecordAzione& a = azioni[i];
-        if (a.TipoAzione != TipiAzione::Immagine || viste.contains(a.NomeFileImmagine)) continue;
-        viste.insert(a.NomeFileImmagine);
-        QFile file(a.NomeFileImmagine);
-        if (file.size() > MassimoImmagine || !file.open(QIODevice::ReadOnly)) continue;
-        immagini.append({a.NomeFileImmagine, file.readAll()});
+        RecordAzione& a = azioni[i];
+        if (a.TipoAzione != TipiAzione::Immagine) continue;
+        const QString percorso = a.NomeFileImmagine;
+        const bool nuovo = !nomi.contains(percorso);
+        a.NomeFileImmagine = NomeInViaggio(percorso, nomi, usati);
+        if (!nuovo) continue;
+        const std::optional<QByteArray> dati = LeggiFileRegolare(percorso, MassimoImmagine);
+        if (!dati || !Superficie::FiguraLeggibile(
+                         *dati, QFileInfo(NomeImmagineSicuro(a.NomeFileImmagine)).suffix()))
+            continue;
+        immagini.append({a.NomeFileImmagine, *dati});
     }
     return immagini;
+}
+
+void ControllaDisegnoScambiabile(const ContenutoScambio& contenuto) {
+    if (contenuto.NumeroAzioni < 1 || contenuto.NumeroAzioni >= contenuto.Azioni.size())
+        Rifiuta(Danneggiato);
+    for (int32_t i = 1; i <= contenuto.NumeroAzioni; ++i) {
+        const RecordAzione& a = contenuto.Azioni.at(i);
+        if (!ValoriPossibili(a)) Rifiuta(Danneggiato);
+        if (!TestoNeiLimiti(a.Testo))
+            Rifiuta(QStringLiteral("Un testo supera %1 caratteri o %2 righe.")
+                        .arg(MassimoCaratteriTesto)
+                        .arg(MassimoRigheTesto));
+    }
+    if (contenuto.Immagini.size() > MassimoImmagini)
+        Rifiuta(QStringLiteral("Il disegno ha più di %1 immagini.").arg(MassimoImmagini));
+    QSet<QString> portate;
+    for (const ImmagineScambio& i : contenuto.Immagini) {
+        if (i.Dati.size() > MassimoImmagine ||
+            !Superficie::FiguraLeggibile(i.Dati, QFileInfo(NomeImmagineSicuro(i.Nome)).suffix()))
+            Rifiuta(QStringLiteral("Un'immagine del disegno non può essere letta."));
+        portate.insert(i.Nome);
+    }
+    // The replay the canvas will make, on a canvas of its own: a carried
+    // picture stands in as one pixel, since it decodes; one not carried is its
+    // frame, as on the canvas.
+    QImage punto(1, 1, QImage::Format_RGB32);
+    punto.fill(Qt::white);
+    Superficie tela(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    tela.ImpostaScaleMode(ScalaTwips);
+    try {
+        TracciaListaRigorosa(
+            tela, contenuto.Azioni, contenuto.NumeroAzioni,
+            [&](const QString& nome) { return portate.contains(nome) ? punto : QImage(); });
+    } catch (const ErroreZanto&) {
+        Rifiuta(QStringLiteral("Il disegno contiene elementi che non si possono disegnare."));
+    }
 }
 
 void ScriviFileScambio(const QString& percorso, const ContenutoScambio& contenuto) {
@@ -142,17 +211,17 @@ void ScriviFileScambio(const QString& percorso, const ContenutoScambio& contenut
 }
 
 ContenutoScambio LeggiFileScambio(const QString& percorso) {
-    const QString danneggiato =
-        QStringLiteral("Il file è danneggiato o non è un disegno di ZANTO.");
+    const QString& danneggiato = Danneggiato;
     const QFileInfo info(percorso);
-    if (!info.isFile() || info.size() == 0) Rifiuta(danneggiato);
+    if (!FileRegolare(percorso) || info.size() == 0) Rifiuta(danneggiato);
     if (info.size() > MassimoFile) Rifiuta(QStringLiteral("Il file è troppo grande."));
     // SQLite would take a text file for an empty archive, and a file cut short
     // on a page boundary for a smaller one: the header first, whose page size
     // and page count must give the file's own size.
     {
+        QByteArray testa;
         QFile file(percorso);
-        const QByteArray testa = file.open(QIODevice::ReadOnly) ? file.read(100) : QByteArray();
+        if (FileRegolare(percorso) && file.open(QIODevice::ReadOnly)) testa = file.read(100);
         if (testa.size() < 100 || !testa.startsWith(QByteArrayLiteral("SQLite format 3\0")))
             Rifiuta(danneggiato);
         const auto byte = [&](int i) { return quint32(quint8(testa.at(i))); };
@@ -212,7 +281,8 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
         QSqlQuery testa(db);
         if (!testa.exec(QStringLiteral("SELECT NomeDisegno FROM Disegno")) || !testa.next())
             Rifiuta(danneggiato);
-        letto.NomeDisegno = LeggiTesto(testa.value(0), QStringLiteral("NomeDisegno"));
+        letto.NomeDisegno =
+            NomeDisegnoPulito(LeggiTesto(testa.value(0), QStringLiteral("NomeDisegno")));
         if (testa.next()) Rifiuta(danneggiato);
         testa.finish();
 
@@ -220,8 +290,6 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
             {c.Nome(), QStringLiteral("TabAzioniDisegno"), QStringLiteral("CodiceDisegno")}, 1,
             letto.Azioni, letto.NumeroAzioni);
         if (letto.NumeroAzioni < 1) Rifiuta(danneggiato);
-        for (int32_t i = 1; i <= letto.NumeroAzioni; ++i)
-            if (!ValoriPossibili(letto.Azioni.at(i))) Rifiuta(danneggiato);
 
         QSqlQuery immagini(db);
         if (!immagini.exec(QStringLiteral("SELECT Nome, length(Dati), Dati FROM Immagini")))
@@ -239,5 +307,6 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
         // A value of the wrong type or out of its range: the file is not ours.
         Rifiuta(danneggiato);
     }
+    ControllaDisegnoScambiabile(letto);
     return letto;
 }

@@ -33,15 +33,24 @@ struct ScambioRifiutato {
 };
 
 // Writes `contenuto` beside `percorso` and renames it into place: a kill
-// leaves the old file or the new one, never half of one. Pictures that cannot
-// be read are left out. Throws ErroreZanto.
+// leaves the old file or the new one, never half of one. Throws ErroreZanto.
 void ScriviFileScambio(const QString& percorso, const ContenutoScambio& contenuto);
 
-// The pictures that actions 1..numero name, read from the disk; one that is
-// missing is left out.
-QList<ImmagineScambio> ImmaginiNominate(const QList<RecordAzione>& azioni, int32_t numero);
+// The pictures that actions 1..numero of `azioni` name, read from the disk.
+// Each travels under its file name alone, never the path where it was found
+// (a number is added when two different pictures share a name), and the
+// actions are made to name it so. One that is missing, not a regular file,
+// too large or no picture is left out, named the same way.
+QList<ImmagineScambio> ImmaginiNominate(QList<RecordAzione>& azioni, int32_t numero);
 
-// Reads and checks the whole file, without writing anything anywhere. A
-// damaged, truncated or hostile file, or one of a newer version, throws
+// Whether a drawing can travel: the checks of the reader on its values, its
+// texts (LimitiTesto), its pictures (each must decode) and its replay, which
+// must draw every action without a fault. Throws ScambioRifiutato with the
+// reason in the user's words.
+void ControllaDisegnoScambiabile(const ContenutoScambio& contenuto);
+
+// Reads and checks the whole file, without writing anything anywhere: the
+// drawing it gives can be stored and replayed (ControllaDisegnoScambiabile).
+// A damaged, truncated or hostile file, or one of a newer version, throws
 // ScambioRifiutato.
 ContenutoScambio LeggiFileScambio(const QString& percorso);

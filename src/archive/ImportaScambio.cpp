@@ -3,11 +3,13 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
+#include "archive/FileInSospeso.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
+#include "start/FileRegolari.h"
 #include "start/GestioneErrori.h"
 #include "start/MappaErrori.h"
 #include "start/MenuGenerale.h"
@@ -18,6 +20,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QSaveFile>
+#include <QSet>
 #include <QSqlQuery>
 
 #include <optional>
@@ -32,10 +35,8 @@ bool EstensioneNota(const QString& suffisso) {
     return note.contains(suffisso.toLower());
 }
 
-QByteArray Contenuto(const QString& percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    return file.readAll();
+QByteArray Contenuto(const QString& percorso, qsizetype dimensione) {
+    return LeggiFileRegolare(percorso, dimensione).value_or(QByteArray());
 }
 
 } // namespace
@@ -53,8 +54,23 @@ QString NomeImmagineSicuro(const QString& nomeNelFile) {
     return base + u'.' + suffisso;
 }
 
+QString NomeDisegnoPulito(const QString& nome) {
+    // What no key of the keyboard writes becomes a blank: controls, NUL among
+    // them, marks of format and halves of characters.
+    QString pulito = nome;
+    for (QChar& c : pulito) {
+        const QChar::Category categoria = c.category();
+        if (categoria == QChar::Other_Control || categoria == QChar::Other_Format ||
+            categoria == QChar::Other_Surrogate || categoria == QChar::Other_NotAssigned ||
+            categoria == QChar::Other_PrivateUse || categoria == QChar::Separator_Line ||
+            categoria == QChar::Separator_Paragraph || c == QChar(u'\t'))
+            c = QChar(u' ');
+    }
+    return PulisciTesto(PulisciTesto(pulito).left(LunghezzaNomeDisegno));
+}
+
 QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeNelFile,
-                               const QByteArray& dati) {
+                               const QByteArray& dati, const QSet<QString>& presi) {
     const QString nome = NomeImmagineSicuro(nomeNelFile);
     const QString base = QFileInfo(nome).completeBaseName();
     const QString suffisso = QFileInfo(nome).suffix();
@@ -62,17 +78,23 @@ QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeN
         const QString candidato =
             numero == 1 ? nome : base + u'-' + QString::number(numero) + u'.' + suffisso;
         const QString percorso = cartellaFile + u'/' + candidato;
+        if (presi.contains(percorso)) continue;
         const QFileInfo esistente(percorso);
-        if (!esistente.exists()) return percorso;
+        if (!esistente.exists() && !esistente.isSymLink()) return percorso;
         // Only a file of the same size can hold the same bytes.
-        if (esistente.isFile() && esistente.size() == dati.size() && Contenuto(percorso) == dati)
+        if (esistente.isFile() && esistente.size() == dati.size() &&
+            Contenuto(percorso, dati.size()) == dati)
             return percorso;
     }
 }
 
-int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome) {
+int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nomeDato) {
     const QString cartellaFile = PercorsoFile();
-    QStringList copiate;
+    const QString nome = NomeDisegnoPulito(nomeDato);
+    // The pictures are written aside and put in place only once the drawing
+    // that names them is committed: a kill before leaves nothing the start
+    // keeps, a kill after leaves what the start puts in place.
+    QStringList aParte;
     int32_t codice = 0;
     QString bitmap;
     std::optional<Transazione> transazione;
@@ -81,17 +103,19 @@ int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome
     EseguiPassi({
         {4700,
          [&] {
+             if (nome.isEmpty())
+                 throw ErroreZanto{5, QStringLiteral("Nome del Disegno non valido.")};
              // Each picture once, under the path the actions will name.
              QHash<QString, QString> posti;
+             QSet<QString> presi;
              for (const ImmagineScambio& i : std::as_const(contenuto.Immagini)) {
-                 const QString posto = PostoImmagineImportata(cartellaFile, i.Nome, i.Dati);
+                 const QString posto = PostoImmagineImportata(cartellaFile, i.Nome, i.Dati, presi);
                  if (!QFileInfo::exists(posto)) {
-                     QSaveFile file(posto);
-                     if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), posto);
-                     file.write(i.Dati);
-                     if (!file.commit()) throw ErroreFile(file.error(), posto);
-                     copiate << posto;
+                     // Named first: a write that fails half way is removed too.
+                     if (!aParte.contains(posto)) aParte << posto;
+                     ScriviBitmapAParte(posto, i.Dati);
                  }
+                 presi.insert(posto);
                  posti.insert(i.Nome, posto);
              }
              for (int32_t n = 1; n <= contenuto.NumeroAzioni; ++n) {
@@ -128,12 +152,22 @@ int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome
         {4720,
          [&] {
              if (passiFatti != 2) return;
-             // The bitmap the folder's list shows, drawn as the canvas would.
+             // The bitmap the folder's list shows, drawn as the canvas would,
+             // the pictures read where they wait; one that cannot be read is
+             // its frame, as on the canvas, and the drawing tells it when opened.
              Superficie tela(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
              tela.ImpostaScaleMode(ScalaTwips);
              tela.ImpostaBackColor(ColoreSfondo);
              tela.FillStyle = 1;
-             TracciaLista(tela, contenuto.Azioni, 1, contenuto.NumeroAzioni);
+             TracciaListaRigorosa(
+                 tela, contenuto.Azioni, contenuto.NumeroAzioni, [&](const QString& percorso) {
+                     try {
+                         return Superficie::LoadPicture(
+                             aParte.contains(percorso) ? FileAParte(percorso) : percorso);
+                     } catch (const ErroreZanto&) {
+                         return QImage();
+                     }
+                 });
              bitmap = PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, nome, codice);
              ScriviBitmapAParte(bitmap, tela.ImmagineBmp());
              ++passiFatti;
@@ -148,6 +182,10 @@ int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome
         {4740,
          [&] {
              if (passiFatti != 4) return;
+             while (!aParte.isEmpty()) {
+                 SostituisciBitmap(aParte.first());
+                 aParte.removeFirst();
+             }
              SostituisciBitmap(bitmap);
              ++passiFatti;
          }},
@@ -155,10 +193,10 @@ int32_t RegistraDisegnoImportato(ContenutoScambio contenuto, const QString& nome
     transazione.reset();
     if (!confermato) {
         if (!bitmap.isEmpty()) QFile::remove(PercorsoBitmapNuova(bitmap));
-        for (const QString& copiata : std::as_const(copiate))
-            QFile::remove(copiata);
+        for (const QString& posto : std::as_const(aParte))
+            QFile::remove(FileAParte(posto));
         return 0;
     }
-    // Committed: the drawing stands, and a bitmap left aside is the start's to put in place.
+    // Committed: the drawing stands, and what is left aside is the start's to put in place.
     return codice;
 }

@@ -366,7 +366,9 @@ void AmbienteDisegno::ApriSceltaDirezione() {
     ParcheggiaMouse();
     ApriQuadroSceltaDirezione();
     if (modo == 3) return;
-    CicloMovimento();
+    // "Chiudi" on the first opening ends the command at once: a walk with no
+    // direction would wait for a press with no ring anywhere.
+    if (DirezioneScelta != 5) CicloMovimento();
     ImpostaColoreCorona(ComandoModifica, ColoriCorona::Verde);
     ComandoModifica = 0;
     Motore.AvviaScansione();

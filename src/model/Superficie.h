@@ -100,6 +100,9 @@ public:
     // Reads a picture file: error 53 when it is not there, 481 when it is no
     // picture. One larger than the canvas comes scaled down to fit it.
     static QImage LoadPicture(const QString& percorso);
+    // Whether `dati` decode as LoadPicture would read them from a file with
+    // the extension `estensione`.
+    static bool FiguraLeggibile(const QByteArray& dati, const QString& estensione);
     // The picture stretched to the box whose top left is (x, y).
     void PaintPicture(const QImage& immagine, float x, float y, float larghezza, float altezza);
 

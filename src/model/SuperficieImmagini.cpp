@@ -20,6 +20,29 @@
 #include <cstdlib>
 #include <deque>
 
+namespace {
+
+QImage Decodifica(QImageReader& lettore) {
+    lettore.setAutoTransform(false);
+    // A photo far larger than the canvas is decoded straight at the canvas's
+    // size: a camera's picture would otherwise take seconds and hundreds of MB.
+    const QSize intera = lettore.size();
+    if (intera.width() > MassimoFiguraPixel.width() ||
+        intera.height() > MassimoFiguraPixel.height())
+        lettore.setScaledSize(intera.scaled(MassimoFiguraPixel, Qt::KeepAspectRatio));
+    return lettore.read();
+}
+
+} // namespace
+
+bool Superficie::FiguraLeggibile(const QByteArray& dati, const QString& estensione) {
+    QBuffer memoria;
+    memoria.setData(dati);
+    if (!memoria.open(QIODevice::ReadOnly)) return false;
+    QImageReader lettore(&memoria, estensione.toLatin1());
+    return !Decodifica(lettore).isNull();
+}
+
 QImage Superficie::LoadPicture(const QString& percorso) {
     const QFileInfo info(percorso);
     if (!info.exists() || info.isDir()) throw ErroreFileAssente(percorso);
@@ -39,14 +62,7 @@ QImage Superficie::LoadPicture(const QString& percorso) {
         if (l.Percorso == percorso && l.Modifica == modifica && l.Dimensione == info.size())
             return l.Immagine;
     QImageReader lettore(percorso);
-    lettore.setAutoTransform(false);
-    // A photo far larger than the canvas is decoded straight at the canvas's
-    // size: a camera's picture would otherwise take seconds and hundreds of MB.
-    const QSize intera = lettore.size();
-    if (intera.width() > MassimoFiguraPixel.width() ||
-        intera.height() > MassimoFiguraPixel.height())
-        lettore.setScaledSize(intera.scaled(MassimoFiguraPixel, Qt::KeepAspectRatio));
-    QImage immagine = lettore.read();
+    QImage immagine = Decodifica(lettore);
     if (immagine.isNull())
         throw ErroreZanto{481, QStringLiteral("Immagine non valida: ") + percorso};
     constexpr qsizetype MassimoTenuto = 64 * 1024 * 1024;

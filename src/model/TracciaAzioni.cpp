@@ -3,11 +3,13 @@
 #include "model/Paint.h"
 #include "model/Superficie.h"
 #include "start/GestioneErrori.h"
+#include "start/MappaErrori.h"
 #include "start/Numeri.h"
 #include "start/Utilita.h"
 
 #include <QHash>
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -17,7 +19,24 @@ namespace {
 // than drawing it. A picture that failed is not kept, so it fails again.
 QHash<QString, QImage>* LetteNellaTraccia = nullptr;
 
+// Where a replay that must not fail quietly takes its pictures; a null picture
+// stands for one that cannot be read.
+const std::function<QImage(const QString&)>* FigureRigorose = nullptr;
+
+// The pictures of the replay under way that could not be read: told once at
+// its end, however many there are.
+struct FigureNonLette {
+    std::optional<ErroreZanto> Prima;
+    int Altre = 0;
+};
+FigureNonLette* NonLetteNellaTraccia = nullptr;
+
 QImage Figura(const QString& percorso) {
+    if (FigureRigorose) {
+        QImage figura = (*FigureRigorose)(percorso);
+        if (figura.isNull()) throw ErroreFileAssente(percorso);
+        return figura;
+    }
     if (!LetteNellaTraccia) return Superficie::LoadPicture(percorso);
     auto letta = LetteNellaTraccia->constFind(percorso);
     if (letta != LetteNellaTraccia->constEnd()) return *letta;
@@ -76,9 +95,14 @@ void TracciaImmagine(Superficie& s, const RecordAzione& a) {
         s.DrawWidth = 1;
         s.Box(float(a.XInizio), float(a.YInizio), float(a.XFine), float(a.YFine), a.ColLinea);
         s.FillStyle = riempimento;
-        if (!ImmaginiSegnalate.contains(a.NomeFileImmagine)) {
-            ImmaginiSegnalate.insert(a.NomeFileImmagine);
+        if (FigureRigorose || ImmaginiSegnalate.contains(a.NomeFileImmagine)) return;
+        ImmaginiSegnalate.insert(a.NomeFileImmagine);
+        if (!NonLetteNellaTraccia) {
             GestioneErrori(errore);
+        } else if (!NonLetteNellaTraccia->Prima) {
+            NonLetteNellaTraccia->Prima = errore;
+        } else {
+            ++NonLetteNellaTraccia->Altre;
         }
         return;
     }
@@ -174,11 +198,16 @@ void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int3
     // action that failed and not at the first one.
     int32_t indice = prima;
     QHash<QString, QImage> lette;
-    QHash<QString, QImage>* const lettePrima = std::exchange(LetteNellaTraccia, &lette);
+    FigureNonLette nonLette;
     struct Ripristino {
-        QHash<QString, QImage>* Prima;
-        ~Ripristino() { LetteNellaTraccia = Prima; }
-    } ripristino{lettePrima};
+        QHash<QString, QImage>* Lette;
+        FigureNonLette* NonLette;
+        ~Ripristino() {
+            LetteNellaTraccia = Lette;
+            NonLetteNellaTraccia = NonLette;
+        }
+    } ripristino{std::exchange(LetteNellaTraccia, &lette),
+                 std::exchange(NonLetteNellaTraccia, &nonLette)};
     EseguiPassi({
         {3200, [&] { superficie.AutoRedraw = true; }},
         {3210,
@@ -195,4 +224,32 @@ void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int3
              superficie.Refresh();
          }},
     });
+    if (!nonLette.Prima) return;
+    // A drawing whose pictures are gone is told once, not once for each of them.
+    ErroreZanto errore = *nonLette.Prima;
+    if (nonLette.Altre > 0)
+        errore.Descrizione += QStringLiteral(" (e altre %1 immagini)").arg(nonLette.Altre);
+    SezioneCorrente = 3210;
+    GestioneErrori(errore);
+}
+
+void TracciaListaRigorosa(Superficie& superficie, const QList<RecordAzione>& lista, int32_t numero,
+                          const std::function<QImage(const QString&)>& figure) {
+    struct Ripristino {
+        QHash<QString, QImage>* Lette;
+        const std::function<QImage(const QString&)>* Figure;
+        ~Ripristino() {
+            LetteNellaTraccia = Lette;
+            FigureRigorose = Figure;
+        }
+    } ripristino{std::exchange(LetteNellaTraccia, nullptr), std::exchange(FigureRigorose, &figure)};
+    superficie.AutoRedraw = true;
+    superficie.FillStyle = 1;
+    for (int32_t indice = 1; indice <= numero; ++indice) {
+        if (indice >= lista.size())
+            throw ErroreZanto{9, QStringLiteral("Indice non compreso nell'intervallo.")};
+        TracciaAzione(superficie, lista[indice]);
+    }
+    superficie.AutoRedraw = false;
+    superficie.Refresh();
 }

@@ -2,6 +2,7 @@
 
 #include "model/RecordAzione.h"
 
+#include <QImage>
 #include <QList>
 #include <QSet>
 #include <QString>
@@ -13,6 +14,7 @@ class Superficie;
 
 // Pictures whose fault has been told in this visit of the drawing screen: a
 // missing picture shows as its frame on every replay, and is told only once.
+// A replay tells in one message all the pictures it finds missing.
 inline QSet<QString> ImmaginiSegnalate;
 
 // The stretch of the list to draw, both ends included.
@@ -51,6 +53,13 @@ using TracciaUnaAzione =
 // action picked out among the others changes the pen around the common drawing.
 void TracciaLista(Superficie& superficie, const QList<RecordAzione>& lista, int32_t prima,
                   int32_t ultima, const TracciaUnaAzione& traccia);
+
+// The replay of actions 1..`numero` of `lista` as the canvas draws them, with
+// no error routine: the fault of any action is thrown, so that a drawing taken
+// in from outside is refused before it is stored. Each picture comes from
+// `figure`; a null picture is drawn as the frame of a missing one.
+void TracciaListaRigorosa(Superficie& superficie, const QList<RecordAzione>& lista, int32_t numero,
+                          const std::function<QImage(const QString&)>& figure);
 
 // One action drawn with the surface's current keep state, as replay draws it.
 void TracciaAzione(Superficie& superficie, const RecordAzione& azione);

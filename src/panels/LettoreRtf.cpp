@@ -1,8 +1,10 @@
 #include "panels/LettoreRtf.h"
 
+#include "start/FileRegolari.h"
 #include "start/MappaErrori.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -233,8 +235,30 @@ private:
 QString Lettore::Leggi() {
     if (n < 5 || std::string_view(reinterpret_cast<const char*>(d), 5) != "{\\rtf")
         Malformato("il documento non comincia con {\\rtf");
+    // Word processors write data after the document's closing brace: groups
+    // of their own, a last brace. What the top group held is the document;
+    // what follows is read only to learn whether it holds text, which would be
+    // a second document and is refused.
+    bool chiuso = false;
+    size_t fineDocumento = 0;
+    const auto codaSenzaTesto = [&] {
+        Concludi();
+        for (size_t k = fineDocumento; k < testo.size(); ++k)
+            if (testo[k] != u' ' && testo[k] != u'\r' && testo[k] != u'\t')
+                Malformato("un secondo documento con testo dopo la fine del primo");
+        testo.resize(fineDocumento);
+    };
     while (i < n) {
         const unsigned char c = d[i];
+        if (chiuso && pila.empty()) {
+            // Between the groups after the end: padding, a signature, a brace of
+            // too many; a control word there opens a group of its own.
+            if (c == '\\') pila.push_back(Stato{});
+            if (c != '{' && c != '\\') {
+                ++i;
+                continue;
+            }
+        }
         switch (c) {
         case '{':
             Svuota();
@@ -250,15 +274,13 @@ QString Lettore::Leggi() {
             daSaltare = 0;
             ++i;
             if (pila.empty()) {
-                // What follows the end is no part of the document, as for any word
-                // processor: a signature, padding, a redundant brace. A group or a control
-                // word there is text lost to a brace closed too early.
-                for (; i < n; ++i)
-                    if (d[i] == '{' || d[i] == '\\')
-                        Malformato("parentesi sbilanciate: testo RTF dopo la fine del documento");
-                Concludi();
-                return QString(reinterpret_cast<const QChar*>(testo.data()),
-                               qsizetype(testo.size()));
+                if (chiuso) {
+                    codaSenzaTesto();
+                } else {
+                    Concludi();
+                    chiuso = true;
+                    fineDocumento = testo.size();
+                }
             }
             break;
         case '\\':
@@ -282,7 +304,10 @@ QString Lettore::Leggi() {
             break;
         }
     }
-    Malformato("documento troncato: mancano parentesi di chiusura");
+    if (!chiuso) Malformato("documento troncato: mancano parentesi di chiusura");
+    // A group after the end cut short is still looked at for text.
+    codaSenzaTesto();
+    return QString(reinterpret_cast<const QChar*>(testo.data()), qsizetype(fineDocumento));
 }
 
 void Lettore::ParolaDiControllo() {
@@ -532,6 +557,9 @@ QString TestoDaRtf(const QByteArray& dati) {
 QString LeggiFileRtf(const QString& percorso) {
     QFile file(percorso);
     if (!file.exists()) throw ErroreFileAssente(percorso);
+    // A pipe or a device named like a text would wait for ever.
+    if (!QFileInfo(percorso).isDir() && !FileRegolare(percorso))
+        throw ErroreZanto{321, QStringLiteral("Formato di file non valido: ") + percorso};
     if (!file.open(QIODevice::ReadOnly))
         throw ErroreFile(file.error(), percorso, file.errorString());
     // 7 is the run-time's "out of memory": a file this big is no text for a drawing,

@@ -1,7 +1,9 @@
 #include "panels/QuadroScriviTesto.h"
 
 #include "input/IconaSvg.h"
+#include "input/QuadroMessaggi.h"
 #include "input/Voce.h"
+#include "model/LimitiTesto.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/LettoreRtf.h"
@@ -253,6 +255,16 @@ bool QuadroScriviTesto::OltreIlLimite() const {
     return LunghezzaMassimaTesto > 0 && testo_.Lunghezza() > LunghezzaMassimaTesto;
 }
 
+bool QuadroScriviTesto::OltreIlMassimo(const QString& aggiunta) {
+    if (TestoSullaTastieraNeiLimiti(testo_.SenzaCursore() + aggiunta)) return false;
+    Bip();
+    ParcheggiaMouse();
+    Messaggio(Righe(AvvisoTestoTroppoLungo()), 1, 1);
+    Mostra();
+    Riprendi();
+    return true;
+}
+
 void QuadroScriviTesto::Riprendi() {
     if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) Motore.AvviaScansione();
 }
@@ -277,9 +289,11 @@ void QuadroScriviTesto::ClickLettera(int16_t indice) {
         if (!testo_.CancellaDopo()) Bip();
         break;
     case 135:
+        if (OltreIlMassimo(QStringLiteral(" "))) return;
         testo_.Inserisci(QStringLiteral(" "));
         break;
     case 136:
+        if (OltreIlMassimo(QString(TestoConCursore::Cr))) return;
         testo_.Inserisci(QString(TestoConCursore::Cr));
         break;
     case 137:
@@ -298,8 +312,10 @@ void QuadroScriviTesto::ClickLettera(int16_t indice) {
             Bip();
             break;
         }
-        testo_.Inserisci(MaiuscoleMinuscole == 1 ? tasto->text().toUpper()
-                                                 : tasto->text().toLower());
+        const QString lettera =
+            MaiuscoleMinuscole == 1 ? tasto->text().toUpper() : tasto->text().toLower();
+        if (OltreIlMassimo(lettera)) return;
+        testo_.Inserisci(lettera);
         break;
     }
     }
@@ -313,11 +329,20 @@ void QuadroScriviTesto::ImportaTesto() {
     if (VoceScelta.isEmpty()) return;
     const int64_t indice = LeggiEtichetta(VoceScelta).Valore();
     if (indice < 1 || indice > NumeroFile) return;
-    // The file replaces the text, with no limit; a "_" it holds takes the cursor.
-    EseguiPassi({{1880, [this, indice] {
-                      testo_.Imposta(LeggiFileRtf(ElencoFile.at(indice)) +
-                                     TestoConCursore::Cursore);
-                  }}});
+    // The file replaces the text, with no limit of the names but the measure of
+    // every text; a "_" it holds takes the cursor.
+    QString letto;
+    if (!EseguiPassi({{1880, [&letto, indice] { letto = LeggiFileRtf(ElencoFile.at(indice)); }}}))
+        return;
+    if (!TestoSullaTastieraNeiLimiti(letto)) {
+        Bip();
+        ParcheggiaMouse();
+        Messaggio(Righe(AvvisoTestoTroppoLungo(
+                      QStringLiteral("ATTENZIONE! Il testo del file non è stato letto:"))),
+                  1, 1);
+        return;
+    }
+    testo_.Imposta(letto + TestoConCursore::Cursore);
 }
 
 void QuadroScriviTesto::ClickFunzione(int16_t indice) {
@@ -456,8 +481,11 @@ void QuadroScriviTesto::RoutineCarattere(int tastoQt, const QString& testo) {
     } else if (codice >= 'A' && codice <= 'Z') {
         // Typed with Shift or Caps Lock; the case is the keyboard's own.
         const QString lettera(QChar(static_cast<char16_t>(codice)));
-        testo_.Inserisci(MaiuscoleMinuscole == 1 ? lettera : lettera.toLower());
+        const QString scritta = MaiuscoleMinuscole == 1 ? lettera : lettera.toLower();
+        if (OltreIlMassimo(scritta)) return;
+        testo_.Inserisci(scritta);
     } else {
+        if (OltreIlMassimo(testo)) return;
         testo_.Inserisci(testo);
     }
     Mostra();

@@ -61,6 +61,9 @@ private:
     void Mostra();
     void MostraMaiuscole();
     bool OltreIlLimite() const;
+    // Whether `aggiunta` would take the text beyond what a text may hold
+    // (LimitiTesto): then the user has been told and the ring goes on.
+    bool OltreIlMassimo(const QString& aggiunta);
     void Conferma();
     void ImportaTesto();
     void Chiudi();

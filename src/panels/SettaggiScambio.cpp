@@ -108,7 +108,19 @@ void QuadroSettaggi::Esporta() {
         nome = NomeSullaTastiera();
     }
     PuntatoreClessidra();
-    const bool scritto = EseguiPassi({{5100, [&] { EsportaDisegno(file, tela_, nome); }}});
+    bool scritto = false;
+    try {
+        scritto = EseguiPassi({{5100, [&] { EsportaDisegno(file, tela_, nome); }}});
+    } catch (const ScambioRifiutato& rifiuto) {
+        // What the import would refuse is never written.
+        PuntatorePredefinito();
+        Bip();
+        Avviso({QStringLiteral("ATTENZIONE! Il Disegno NON può essere esportato."), rifiuto.Motivo,
+                QStringLiteral("Nessun file è stato scritto."),
+                QStringLiteral("Premere «OK» per continuare!")});
+        Riprendi();
+        return;
+    }
     PuntatorePredefinito();
     if (scritto)
         Avviso(
@@ -149,7 +161,7 @@ void QuadroSettaggi::Importa() {
         Riprendi();
         return;
     }
-    QString nome = PulisciTesto(contenuto.NomeDisegno).left(LunghezzaNome);
+    QString nome = NomeDisegnoPulito(contenuto.NomeDisegno);
     for (;;) {
         int32_t trovato = 0;
         if (!nome.isEmpty() &&

@@ -93,9 +93,9 @@ void TestoConCursore::Misura() {
     InizioRighe = {0, 1};
     for (qsizetype i = 0; i < senza.size(); ++i)
         if (senza.at(i) == Cr) InizioRighe.append(static_cast<int32_t>(i + 2));
-    NumeroRighe = static_cast<int16_t>(InizioRighe.size() - 1);
+    NumeroRighe = static_cast<int32_t>(InizioRighe.size() - 1);
     RigaCursore = NumeroRighe;
-    for (int16_t k = 1; k < NumeroRighe; ++k) {
+    for (int32_t k = 1; k < NumeroRighe; ++k) {
         if (InizioRighe.at(k) <= p && p < InizioRighe.at(k + 1)) {
             RigaCursore = k;
             break;

@@ -37,12 +37,13 @@ public:
     void Fine();
 
     // The measure taken before every function key: the lines of the text
-    // without the cursor and the line the cursor stands on.
+    // without the cursor and the line the cursor stands on, in 32 bits: a text
+    // read from a file may have more lines than 16 bits count.
     void Misura();
-    int16_t NumeroRighe = 1;
+    int32_t NumeroRighe = 1;
     // 1-based: element 0 exists and stays 0.
     QList<int32_t> InizioRighe{0, 1};
-    int16_t RigaCursore = 1;
+    int32_t RigaCursore = 1;
 
     enum class EsitoRiga { SolaRiga, Bordo, Spostato };
     // The cursor to the start of the line above or below, whatever its column.

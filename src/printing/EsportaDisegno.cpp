@@ -1,6 +1,7 @@
 #include "printing/EsportaDisegno.h"
 
 #include "archive/Archivi.h"
+#include "archive/FileInSospeso.h"
 #include "archive/FileScambio.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
@@ -13,8 +14,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-
-#include <cstdio>
 
 FileEsportati PercorsiEsportazione(const QString& nome, int32_t codice) {
     const QString base = PercorsoFile() + u'/' + NomeSicuro(nome, codice);
@@ -38,30 +37,30 @@ StatoEsportazione EsportazioneEsistente(const FileEsportati& file) {
 }
 
 void EsportaDisegno(const FileEsportati& file, const Superficie& tela, const QString& nome) {
-    const auto aParte = [](const QString& percorso) { return percorso + QStringLiteral(".nuovo"); };
+    // The exchange file first, in memory: what the import would refuse stops
+    // the export before anything is written.
+    ContenutoScambio contenuto;
+    contenuto.NomeDisegno = nome;
+    contenuto.Azioni = Azioni;
+    contenuto.NumeroAzioni = NumeroAzioni;
+    contenuto.Immagini = ImmaginiNominate(contenuto.Azioni, contenuto.NumeroAzioni);
+    ControllaDisegnoScambiabile(contenuto);
     try {
         {
-            QSaveFile png(aParte(file.Png));
+            QSaveFile png(FileAParte(file.Png));
             if (!png.open(QIODevice::WriteOnly)) throw ErroreFile(png.error(), file.Png);
             if (!tela.Immagine().save(&png, "PNG"))
                 throw ErroreFile(QFileDevice::WriteError, file.Png);
             if (!png.commit()) throw ErroreFile(png.error(), file.Png);
         }
-        EsportaPdf(aParte(file.Pdf), TitoloStampa(nome), Azioni, NumeroAzioni, ColoreSfondo);
-        EsportaSvg(aParte(file.Svg), nome, Azioni, NumeroAzioni, ColoreSfondo);
-        ContenutoScambio contenuto;
-        contenuto.NomeDisegno = nome;
-        contenuto.Azioni = Azioni;
-        contenuto.NumeroAzioni = NumeroAzioni;
-        contenuto.Immagini = ImmaginiNominate(Azioni, NumeroAzioni);
-        ScriviFileScambio(aParte(file.Scambio), contenuto);
-        for (const QString& percorso : file.Tutti())
-            if (std::rename(QFile::encodeName(aParte(percorso)).constData(),
-                            QFile::encodeName(percorso).constData()) != 0)
-                throw ErroreFile(QFileDevice::RenameError, percorso);
+        EsportaPdf(FileAParte(file.Pdf), TitoloStampa(nome), Azioni, NumeroAzioni, ColoreSfondo);
+        EsportaSvg(FileAParte(file.Svg), nome, Azioni, NumeroAzioni, ColoreSfondo);
+        ScriviFileScambio(FileAParte(file.Scambio), contenuto);
     } catch (...) {
         for (const QString& percorso : file.Tutti())
-            QFile::remove(aParte(percorso));
+            QFile::remove(FileAParte(percorso));
         throw;
     }
+    // All four in place, or none.
+    SostituisciInsieme(file.Tutti());
 }

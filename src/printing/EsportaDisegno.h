@@ -27,7 +27,8 @@ StatoEsportazione EsportazioneEsistente(const FileEsportati& file);
 
 // Writes the drawing of Azioni as a PNG of the canvas, a PDF page laid out as
 // the printout and an SVG, both drawn as shapes, and an exchange file with its
-// pictures. All four are written aside first and renamed into place only
-// when all four are whole: a failure leaves the earlier files as they were.
-// Throws ErroreZanto.
+// pictures. All four are written aside first and put in place together
+// (SostituisciInsieme): a failure, or a kill, leaves the earlier files as they
+// were or all four new. A drawing the import would refuse throws
+// ScambioRifiutato before anything is written; other faults ErroreZanto.
 void EsportaDisegno(const FileEsportati& file, const Superficie& tela, const QString& nome);

@@ -2,6 +2,7 @@
 
 #include "archive/Archivi.h"
 #include "archive/BitmapDisegni.h"
+#include "archive/FileInSospeso.h"
 #include "archive/Schema.h"
 #include "input/QuadroMessaggi.h"
 #include "printing/Stampe.h"
@@ -196,7 +197,24 @@ int AvviaZanto() {
         }
 
         ScritturaFallita = 0;
-        EseguiPassi({{105, [] { ProvaScrittura(); }}});
+        ErroreZanto scrittura;
+        EseguiPassi({{105, [&scrittura] {
+                          try {
+                              ProvaScrittura();
+                          } catch (const ErroreZanto& errore) {
+                              scrittura = errore;
+                              throw;
+                          }
+                      }}});
+        if (ScritturaFallita == 1 && scrittura.Numero == 61) {
+            // A full disk is no question of rights: it is said as it is.
+            PuntatorePredefinito();
+            Bip();
+            MostraScatolaPiattaforma(IconaScatola::Critica, QStringLiteral("ZANTO"),
+                                     TestoErrore(scrittura.Numero, 105, scrittura.Descrizione));
+            Ferma();
+            return 1;
+        }
         if (ScritturaFallita == 1) {
             PuntatorePredefinito();
             Bip();
@@ -250,6 +268,9 @@ int AvviaZanto() {
                  AggiornaStampanti();
              }},
             {180, [] { CaricaMenùGenerale(); }},
+            // Pictures of an import cut short go in place first: the bitmaps
+            // drawn again below show them.
+            {183, [] { CompletaFileInSospeso(); }},
             // A save cut short by a crash may have left a bitmap behind its rows.
             // After the menu has read the folders: a broken archive ends the
             // start there, with its own mark, and never here.

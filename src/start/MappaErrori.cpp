@@ -88,20 +88,26 @@ ErroreZanto ErroreSistema(int codice, const QString& percorso) {
 
 ErroreZanto ErroreFile(QFileDevice::FileError errore, const QString& percorso,
                        const QString& dettaglio) {
+    // Whatever Qt calls the failure, a full disk says so in errno, read before
+    // anything else can change it.
+    const int codice = errno;
     const QString nome = QDir::toNativeSeparators(percorso);
+    if (errore != QFileDevice::NoError &&
+        (codice == ENOSPC || codice == EDQUOT ||
+         (codice == EFBIG &&
+          (errore == QFileDevice::WriteError || errore == QFileDevice::ResizeError))))
+        return {61, QStringLiteral("Disco pieno: ") + nome};
     const QFileInfo info(percorso);
     switch (errore) {
     case QFileDevice::PermissionsError:
         return {70, QStringLiteral("Accesso negato: ") + nome};
     case QFileDevice::ResizeError:
     case QFileDevice::WriteError:
-        if (errno == ENOSPC) return {61, QStringLiteral("Disco pieno: ") + nome};
         return {57, QStringLiteral("Errore di scrittura: ") + nome};
     case QFileDevice::OpenError:
         if (!info.absoluteDir().exists()) return ErroreCartellaAssente(info.absolutePath());
-        if (errno == EACCES || errno == EROFS)
+        if (codice == EACCES || codice == EROFS)
             return {70, QStringLiteral("Accesso negato: ") + nome};
-        if (errno == ENOSPC) return {61, QStringLiteral("Disco pieno: ") + nome};
         if (!info.exists()) return ErroreFileAssente(percorso);
         return {75, QStringLiteral("Errore di accesso al percorso o al file: ") + nome};
     case QFileDevice::ReadError:

@@ -5,9 +5,11 @@
 // they were.
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/FileInSospeso.h"
 #include "archive/FileScambio.h"
 #include "archive/ImportaScambio.h"
 #include "archive/IstruzioniArchivio.h"
+#include "model/LimitiTesto.h"
 #include "start/Avvio.h"
 #include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
@@ -20,7 +22,10 @@
 #include <QSqlQuery>
 #include <QtTest>
 
+#include <csignal>
 #include <memory>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -236,6 +241,165 @@ private slots:
         QVERIFY(!amb->Scatole.isEmpty());
         const QString cartella = PercorsoCartellaDisegni(NomeCartellaAttiva, CodiceCartellaAttiva);
         QCOMPARE(QDir(cartella).entryList(QDir::Files), QStringList());
+    }
+
+    void un_testo_oltre_la_misura_si_rifiuta_come_lo_divide_il_disegno() {
+        // 40,000 carriage returns and no line feed: the drawing cuts lines on CR.
+        ContenutoScambio c = ScambioDiProva(figura_);
+        c.Azioni[3].Testo = QString(40000, QChar(u'\r'));
+        ScriviFileScambio(file_, c);
+        QVERIFY(Rifiuto(file_).contains(QStringLiteral("testo")));
+        c.Azioni[3].Testo = QString(MassimoCaratteriTesto + 1, QChar(u'a'));
+        ScriviFileScambio(file_, c);
+        QVERIFY(Rifiuto(file_).contains(QStringLiteral("testo")));
+        // At the measure it is taken: as many lines as a text may have, CR LF.
+        QString righe;
+        for (int32_t k = 1; k < MassimoRigheTesto; ++k)
+            righe += QStringLiteral("riga\r\n");
+        righe += QStringLiteral("ultima");
+        c.Azioni[3].Testo = righe;
+        ScriviFileScambio(file_, c);
+        QCOMPARE(LeggiFileScambio(file_).Azioni.at(3).Testo, righe);
+        c.Azioni[3].Testo = righe + QStringLiteral("\runa di troppo");
+        ScriviFileScambio(file_, c);
+        QVERIFY(Rifiuto(file_).contains(QStringLiteral("testo")));
+    }
+
+    void un_immagine_che_non_si_legge_si_rifiuta() {
+        ContenutoScambio c = ScambioDiProva(figura_);
+        c.Immagini[0].Dati = QByteArray("\x89PNG\r\n\x1a\n questo non è un disegno");
+        ScriviFileScambio(file_, c);
+        QVERIFY(Rifiuto(file_).contains(QStringLiteral("immagine")));
+        // And nothing of it is taken in: no drawing, no picture, no box.
+        QVERIFY(!QFile::exists(figura_));
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void un_elemento_che_il_disegno_non_sa_tracciare_si_rifiuta() {
+        // An ellipse with no radius at all is 0/0 at every replay.
+        ContenutoScambio c = ScambioDiProva(figura_);
+        RecordAzione ellisse;
+        ellisse.TipoAzione = TipiAzione::Ellisse;
+        ellisse.XCentro = 3000, ellisse.YCentro = 3000, ellisse.SpessLinea = 1;
+        c.Azioni << ellisse;
+        c.NumeroAzioni = 5;
+        ScriviFileScambio(file_, c);
+        QVERIFY(Rifiuto(file_).contains(QStringLiteral("non si possono disegnare")));
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void il_nome_si_pulisce_come_quelli_della_tastiera() {
+        QCOMPARE(NomeDisegnoPulito(QStringLiteral("  Il   mio\r\ndisegno  ")),
+                 QStringLiteral("Il mio disegno"));
+        QCOMPARE(NomeDisegnoPulito(QString(QChar(u'\0')) + QStringLiteral("A") + QChar(u'\0') +
+                                   QStringLiteral("B")),
+                 QStringLiteral("A B"));
+        QCOMPARE(NomeDisegnoPulito(QStringLiteral("   ")), QString());
+        QCOMPARE(NomeDisegnoPulito(QString()), QString());
+        const QString lungo = NomeDisegnoPulito(QString(1024 * 1024, QChar(u'x')));
+        QCOMPARE(lungo, QString(LunghezzaNomeDisegno, QChar(u'x')));
+        // As read from a file: a megabyte of a name with NULs in it.
+        ContenutoScambio c = ScambioDiProva(figura_);
+        c.NomeDisegno = QString(1024 * 1024, QChar(u'\0')) + QStringLiteral("Casa");
+        ScriviFileScambio(file_, c);
+        QCOMPARE(LeggiFileScambio(file_).NomeDisegno, QStringLiteral("Casa"));
+        // An empty name is never stored.
+        const int prima = RigheDisegni();
+        QCOMPARE(RegistraDisegnoImportato(ScambioDiProva(figura_), QStringLiteral(" \t ")), 0);
+        QCOMPARE(RigheDisegni(), prima);
+    }
+
+    void una_figura_che_e_un_tubo_non_ferma_nulla() {
+        // A picture in a pipe of the files folder is no picture, and the reader does not wait.
+        const QString tubo = PercorsoFile() + QStringLiteral("/tubo.png");
+        QVERIFY(::mkfifo(QFile::encodeName(tubo).constData(), 0600) == 0);
+        QList<RecordAzione> azioni{RecordAzione{}};
+        RecordAzione a;
+        a.TipoAzione = TipiAzione::Immagine;
+        a.XFine = 1000, a.YFine = 1000, a.NomeFileImmagine = tubo;
+        azioni << a;
+        QVERIFY(ImmaginiNominate(azioni, 1).isEmpty());
+        QCOMPARE(azioni.at(1).NomeFileImmagine, QStringLiteral("tubo.png"));
+        QVERIFY(Rifiuto(tubo).contains(QStringLiteral("danneggiato")));
+    }
+
+    void un_import_interrotto_all_avvio_si_completa_o_si_toglie() {
+        const QByteArray png = ScambioDiProva(figura_).Immagini.at(0).Dati;
+        // Killed before its commit: the picture waits aside and no drawing names it.
+        const QString orfana = PercorsoFile() + QStringLiteral("/orfana.png");
+        Scrivi(FileAParte(orfana), png);
+        // Killed after its commit: the drawing names a picture still aside.
+        const QString fiore = PercorsoFile() + QStringLiteral("/fiore.png");
+        QVERIFY(RegistraDisegnoImportato(ScambioDiProva(fiore), QStringLiteral("Fiore")) > 0);
+        QVERIFY(QFile::rename(fiore, FileAParte(fiore)));
+        // What a killed export of an earlier version left.
+        Scrivi(PercorsoFile() + QStringLiteral("/Prato.png.nuovo"), png);
+        Scrivi(PercorsoFile() + QStringLiteral("/Prato.zanto.nuovo.nuovo"), "x");
+        Scrivi(PercorsoFile() + QStringLiteral("/Prato.zanto.nuovo.nuovo-journal"), "x");
+        CompletaFileInSospeso();
+        QVERIFY(!QFile::exists(orfana));
+        QCOMPARE(Leggi(fiore), png);
+        QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files | QDir::Hidden),
+                 (QStringList{"fiore.png", "prova.zanto"}));
+    }
+
+    void un_esportazione_interrotta_all_avvio_resta_com_era_o_si_completa() {
+        const QStringList quattro = {PercorsoFile() + QStringLiteral("/Prato.png"),
+                                     PercorsoFile() + QStringLiteral("/Prato.pdf"),
+                                     PercorsoFile() + QStringLiteral("/Prato.svg"),
+                                     PercorsoFile() + QStringLiteral("/Prato.zanto")};
+        for (const QString& f : quattro) {
+            Scrivi(f, "vecchio");
+            Scrivi(FileAParte(f), "nuovo");
+        }
+        // Killed before the note: the old four stay, nothing aside.
+        CompletaFileInSospeso();
+        for (const QString& f : quattro) {
+            QCOMPARE(Leggi(f), QByteArray("vecchio"));
+            QVERIFY(!QFile::exists(FileAParte(f)));
+        }
+        // Killed after the note, two of four in place: the start puts the rest.
+        for (const QString& f : quattro)
+            Scrivi(FileAParte(f), "nuovo");
+        Scrivi(NotaInsieme(quattro), "Prato.png\nPrato.pdf\nPrato.svg\nPrato.zanto\n../../fuori\n");
+        QVERIFY(QFile::copy(quattro.at(0), quattro.at(0) + QStringLiteral(".vecchio")));
+        for (int k = 0; k < 2; ++k) {
+            QFile::remove(quattro.at(k));
+            QVERIFY(QFile::rename(FileAParte(quattro.at(k)), quattro.at(k)));
+        }
+        CompletaFileInSospeso();
+        for (const QString& f : quattro)
+            QCOMPARE(Leggi(f), QByteArray("nuovo"));
+        QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files | QDir::Hidden).size(), 5);
+    }
+
+    void un_import_su_un_disco_pieno_lo_dice_e_non_lascia_nulla() {
+        ContenutoScambio c = ScambioDiProva(PercorsoFile() + QStringLiteral("/nuova.png"));
+        const int prima = RigheDisegni();
+        const QStringList filePrima = QDir(PercorsoFile()).entryList(QDir::Files);
+        int32_t codice = -1;
+        {
+            // No file of this process may grow by a byte, as on a full disk.
+            rlimit limite{};
+            getrlimit(RLIMIT_FSIZE, &limite);
+            const rlimit vecchio = limite;
+            limite.rlim_cur = 0;
+            struct sigaction ignora = {};
+            struct sigaction segnale = {};
+            ignora.sa_handler = SIG_IGN;
+            sigemptyset(&ignora.sa_mask);
+            sigaction(SIGXFSZ, &ignora, &segnale);
+            QVERIFY(setrlimit(RLIMIT_FSIZE, &limite) == 0);
+            codice = RegistraDisegnoImportato(c, QStringLiteral("Pieno"));
+            setrlimit(RLIMIT_FSIZE, &vecchio);
+            sigaction(SIGXFSZ, &segnale, nullptr);
+        }
+        QCOMPARE(codice, 0);
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY2(amb->Scatole[0].Testo.contains(QStringLiteral("TROPPO PIENO")),
+                 qPrintable(amb->Scatole[0].Testo));
+        QCOMPARE(RigheDisegni(), prima);
+        QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files), filePrima);
     }
 
     void una_scrittura_che_fallisce_lascia_il_file_di_prima() {

@@ -2,7 +2,14 @@
 // files with flipped bits, overwritten runs, pages swapped and zeroed, header
 // fields changed. Each must be read or refused with its reason, and nothing
 // else: no crash, no other exception, no file written beside it.
+#include "archive/Archivi.h"
+#include "archive/ArchivioAzioni.h"
 #include "archive/FileScambio.h"
+#include "archive/ImportaScambio.h"
+#include "model/LimitiTesto.h"
+#include "model/Superficie.h"
+#include "start/MenuGenerale.h"
+#include "start/Utilita.h"
 #include "support/AmbienteProva.h"
 
 #include "FileScambioProva.h"
@@ -92,6 +99,77 @@ private:
     std::mt19937_64 caso_;
 };
 
+// Drawings made to be hard for the replay rather than for the file: texts
+// heavy with carriage returns, at and beyond the measure of a text, and
+// pictures whose bytes do not decode.
+class Generatore {
+public:
+    explicit Generatore(quint64 seme) : caso_(seme) {}
+
+    ContenutoScambio Prossimo(const QString& cartella) {
+        ContenutoScambio c = ScambioDiProva(cartella + QStringLiteral("/f.png"));
+        const QByteArray buona = c.Immagini.at(0).Dati;
+        c.Azioni[3].Testo = Testo();
+        c.Immagini[0].Dati = Figura(buona);
+        for (int k = Tra(0, 4); k > 0; --k) {
+            RecordAzione a = c.Azioni.at(4);
+            a.NomeFileImmagine = cartella + QStringLiteral("/g%1.png").arg(k);
+            c.Azioni << a;
+            c.Immagini.append({a.NomeFileImmagine, Figura(buona)});
+        }
+        c.NumeroAzioni = int32_t(c.Azioni.size()) - 1;
+        return c;
+    }
+
+private:
+    int Tra(int da, int a) { return std::uniform_int_distribution<int>(da, a)(caso_); }
+
+    QString Testo() {
+        switch (Tra(0, 4)) {
+        case 0: // carriage returns alone, around the measure of lines
+            return QString(Tra(MassimoRigheTesto - 2, MassimoRigheTesto + 2), QChar(u'\r')) +
+                   (Tra(0, 1) ? QStringLiteral("x") : QStringLiteral("  "));
+        case 1: // the review's 40,000
+            return QString(Tra(30000, 45000), QChar(u'\r'));
+        case 2: { // a mixture, up to the measure of characters and past it
+            QString t;
+            const int n = Tra(1, int(MassimoCaratteriTesto) + 10);
+            t.reserve(n);
+            static constexpr char16_t pezzi[] = {u'a', u'\r', u'\n', u' ', u'\r'};
+            for (int i = 0; i < n; ++i)
+                t += QChar(pezzi[Tra(0, 4)]);
+            return t;
+        }
+        case 3: // line feeds only, which the replay does not cut on
+            return QString(Tra(1, 5000), QChar(u'\n')) + QStringLiteral("fine");
+        default:
+            return QStringLiteral("Ciao\r\nmondo");
+        }
+    }
+
+    QByteArray Figura(const QByteArray& buona) {
+        switch (Tra(0, 4)) {
+        case 0:
+            return buona.left(Tra(1, int(buona.size()) - 1)); // cut short
+        case 1: {                                             // noise after a PNG's signature
+            QByteArray d = buona.left(8);
+            for (int i = Tra(0, 200); i > 0; --i)
+                d += char(Tra(0, 255));
+            return d;
+        }
+        case 2: { // a byte changed inside
+            QByteArray d = buona;
+            d[Tra(8, int(d.size()) - 1)] = char(Tra(0, 255));
+            return d;
+        }
+        default:
+            return buona;
+        }
+    }
+
+    std::mt19937_64 caso_;
+};
+
 } // namespace
 
 class ProvaFileScambioFuzz : public QObject {
@@ -138,6 +216,63 @@ private slots:
         QVERIFY(rifiutati > 0);
         // The reader writes nothing, not even SQLite's journal.
         QCOMPARE(QDir(cartella.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+    }
+
+    // Whatever the reader takes, the drawing takes too: the import stores it
+    // and draws it with no error box, every text cut in lines as the replay
+    // cuts it and every picture read back from the files folder.
+    void disegni_difficili_letti_solo_se_il_disegno_li_traccia() {
+        AmbienteProva amb;
+        amb.ApriArchivi();
+        CodiceCartellaAttiva = 1;
+        NomeCartellaAttiva = NomiArchivi::CartellaSistemaDisegni;
+        QTemporaryDir cartella;
+        const QString file = cartella.filePath(QStringLiteral("difficile.zanto"));
+        Generatore generatore(Seme + 1);
+        qint64 letti = 0;
+        qint64 rifiutati = 0;
+        QElapsedTimer orologio;
+        orologio.start();
+        while (orologio.elapsed() < DurataMs() / 2 || letti + rifiutati < 20) {
+            const ContenutoScambio scritto = generatore.Prossimo(cartella.path());
+            try {
+                ScriviFileScambio(file, scritto);
+            } catch (const ErroreZanto& e) {
+                QFAIL(qPrintable(
+                    QStringLiteral("scrittura: %1 %2").arg(e.Numero).arg(e.Descrizione)));
+            }
+            ContenutoScambio letto;
+            try {
+                letto = LeggiFileScambio(file);
+            } catch (const ScambioRifiutato& r) {
+                QVERIFY(!r.Motivo.isEmpty());
+                ++rifiutati;
+                continue;
+            }
+            ++letti;
+            try {
+                for (int32_t i = 1; i <= letto.NumeroAzioni; ++i) {
+                    TestoDaDividere = letto.Azioni.at(i).Testo;
+                    DividiTestoInRighe();
+                }
+                const int32_t codice =
+                    RegistraDisegnoImportato(letto, QStringLiteral("Difficile %1").arg(letti));
+                QVERIFY(codice > 0);
+                QList<RecordAzione> azioni;
+                int32_t numero = 0;
+                LeggiAzioniDisegno(codice, azioni, numero);
+                for (int32_t i = 1; i <= numero; ++i)
+                    if (azioni.at(i).TipoAzione == TipiAzione::Immagine)
+                        QVERIFY(!Superficie::LoadPicture(azioni.at(i).NomeFileImmagine).isNull());
+                QVERIFY2(amb.Scatole.isEmpty(), qPrintable(amb.Scatole.value(0).Testo));
+            } catch (const ErroreZanto& e) {
+                QFAIL(qPrintable(QStringLiteral("dopo: %1 %2").arg(e.Numero).arg(e.Descrizione)));
+            }
+        }
+        std::printf("difficili letti: %lld, rifiutati: %lld\n", static_cast<long long>(letti),
+                    static_cast<long long>(rifiutati));
+        QVERIFY(letti > 0);
+        QVERIFY(rifiutati > 0);
     }
 };
 

@@ -80,9 +80,45 @@ class ProvaComandiFile : public QObject, MondoDisegno {
         PremiCon(130, c);
     }
 
+    // 130 with the script's first step reading what opened in front; back with 125.
+    QString Davanti130(bool avviso) {
+        QString davanti;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            FormScansione* f = FormScansione::InPrimoPiano();
+            davanti = f == nullptr ? QString() : f->windowTitle();
+        });
+        if (avviso)
+            c.Tasto(Qt::Key_Return); // "Annulla" holds the ring first
+        else
+            c.Esegui([] {
+                 FormScansione* f = FormScansione::InPrimoPiano();
+                 for (int i = 0; f != nullptr && f->Motore.TastoCorrente != 125 && i < 40; ++i)
+                     PremiTasto(Qt::Key_Right);
+             }).Tasto(Qt::Key_Return);
+        PremiCon(130, c);
+        return davanti;
+    }
+
 private slots:
     void init() { Prepara(); }
     void cleanup() { Libera(); }
+
+    void leggi_disegno_avvisa_solo_se_qualcosa_non_e_salvato() {
+        const QString lista = QStringLiteral("Programma «ZANTO» - Scelta Disegno");
+        const QString avviso = QStringLiteral("Programma «ZANTO»  -  INFORMAZIONI  E  SCELTE");
+        Apri(4);
+        Rettangolo(0);
+        Salva(QStringLiteral("CASA"));
+        QCOMPARE(Davanti130(false), lista);
+        Leggi(1);
+        QCOMPARE(NomeDisegnoCorrente, QStringLiteral("CASA"));
+        // Just read: nothing to lose.
+        QCOMPARE(Davanti130(false), lista);
+        Rettangolo(3);
+        QCOMPARE(Davanti130(true), avviso);
+        QCOMPARE(NumeroAzioni, 2);
+    }
 
     void nuovo_disegno_con_NO_non_cambia_nulla() {
         Apri(4);
@@ -427,6 +463,7 @@ private slots:
         Apri(4);
         Rettangolo(0);
         Salva(QStringLiteral("SOLE"));
+        Rettangolo(3); // a change since the save: the read warns of it
         Copione c(*orologio);
         c.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return); // OK to the warning
         // Line 101, on to delete (124), twice OK; then back from the list.
@@ -437,7 +474,7 @@ private slots:
         QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabDisegni WHERE CodiceDisegno < "
                                       "1000000")),
                  0);
-        QCOMPARE(NumeroAzioni, 1);
+        QCOMPARE(NumeroAzioni, 2);
         QCOMPARE(CodiceDisegnoCorrente, 0);
         QCOMPARE(StatoDisegno, int16_t(2));
         QCOMPARE(a->ScrittaNomeDisegno->text(), QStringLiteral("«  »"));

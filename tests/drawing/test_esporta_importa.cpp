@@ -30,6 +30,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cmath>
+
 namespace {
 
 using GuidaSettaggi::Scegli;
@@ -110,6 +112,25 @@ double Diversi(const QImage& a, const QImage& b, int soglia) {
     return double(diversi) / (a.width() * a.height());
 }
 
+// Whether a dark pixel is within `raggio` pixels of the point in twips.
+bool ScuroVicino(const QImage& img, double xTwips, double yTwips, int raggio) {
+    const int x0 = int(std::lround(xTwips / 15));
+    const int y0 = int(std::lround(yTwips / 15));
+    for (int y = y0 - raggio; y <= y0 + raggio; ++y)
+        for (int x = x0 - raggio; x <= x0 + raggio; ++x)
+            if (img.valid(x, y) && qGray(img.pixel(x, y)) < 100) return true;
+    return false;
+}
+
+// The box of the dark pixels inside a rectangle given in twips.
+QRect Inchiostro(const QImage& img, const QRect& twips) {
+    QRect box;
+    for (int y = twips.top() / 15; y < twips.bottom() / 15; ++y)
+        for (int x = twips.left() / 15; x < twips.right() / 15; ++x)
+            if (qGray(img.pixel(x, y)) < 60) box |= QRect(x, y, 1, 1);
+    return box;
+}
+
 // The probes every copy of the drawing must show where the canvas shows them.
 void ControllaPunti(const QImage& img, const char* cosa) {
     using PaginaStampata::Vicino;
@@ -132,6 +153,39 @@ void ControllaPunti(const QImage& img, const char* cosa) {
         for (int x = 800 / 15; x < 2400 / 15; ++x)
             if (qGray(img.pixel(x, y)) < 60) ++inchiostro;
     QVERIFY2(inchiostro > 50, cosa);
+    // The arc from 0 to 3 radians, counterclockwise from the east: there on
+    // its whole length, and nowhere on the rest of its circle.
+    for (double angolo = 0.15; angolo < 2.9; angolo += 0.25)
+        QVERIFY2(
+            ScuroVicino(img, 7000 + 1500 * std::cos(angolo), 7000 - 1500 * std::sin(angolo), 2),
+            qPrintable(QStringLiteral("%1: arco a %2").arg(QString::fromLatin1(cosa)).arg(angolo)));
+    for (double angolo = 3.4; angolo < 6.0; angolo += 0.25)
+        QVERIFY2(
+            !ScuroVicino(img, 7000 + 1500 * std::cos(angolo), 7000 - 1500 * std::sin(angolo), 1),
+            qPrintable(QStringLiteral("%1: fuori dall'arco a %2")
+                           .arg(QString::fromLatin1(cosa))
+                           .arg(angolo)));
+}
+
+// The text's ink where the canvas has it, edge for edge.
+void ControllaTesto(const QImage& img, const QImage& tela, const char* cosa) {
+    const QRect zona(600, 7800, 3000, 1200);
+    const QRect attesa = Inchiostro(tela, zona);
+    const QRect trovata = Inchiostro(img, zona);
+    QVERIFY2(!attesa.isEmpty() && qAbs(trovata.left() - attesa.left()) <= 2 &&
+                 qAbs(trovata.right() - attesa.right()) <= 2 &&
+                 qAbs(trovata.top() - attesa.top()) <= 2 &&
+                 qAbs(trovata.bottom() - attesa.bottom()) <= 2,
+             qPrintable(QStringLiteral("%1: testo in (%2,%3)-(%4,%5), sulla tela (%6,%7)-(%8,%9)")
+                            .arg(QString::fromLatin1(cosa))
+                            .arg(trovata.left())
+                            .arg(trovata.top())
+                            .arg(trovata.right())
+                            .arg(trovata.bottom())
+                            .arg(attesa.left())
+                            .arg(attesa.top())
+                            .arg(attesa.right())
+                            .arg(attesa.bottom())));
 }
 
 } // namespace
@@ -208,6 +262,7 @@ private slots:
                  qPrintable(QStringLiteral("%1x%2").arg(pagina.width()).arg(pagina.height())));
         const QImage telaPdf = pagina.copy(80, 53, 943, 667);
         ControllaPunti(telaPdf, "pdf");
+        ControllaTesto(telaPdf, tela, "pdf");
         // Shapes redrawn differ from pixels only along their edges.
         QVERIFY2(Diversi(telaPdf, tela, 60) < 0.02,
                  qPrintable(QString::number(Diversi(telaPdf, tela, 60))));
@@ -226,6 +281,7 @@ private slots:
             svg.render(&p);
         }
         ControllaPunti(telaSvg, "svg");
+        ControllaTesto(telaSvg, tela, "svg");
         // For the eye: the page and the SVG as they come out.
         const QString schermate = qEnvironmentVariable("ZANTO_SCHERMATE");
         if (!schermate.isEmpty()) {
@@ -239,11 +295,103 @@ private slots:
             LeggiFileScambio(Percorso(QStringLiteral("Giardino") + EstensioneScambio));
         QCOMPARE(letto.NomeDisegno, QStringLiteral("Giardino"));
         QCOMPARE(letto.NumeroAzioni, NumeroAzioni);
-        for (int32_t i = 1; i <= NumeroAzioni; ++i)
-            QCOMPARE(letto.Azioni.at(i), Azioni.at(i));
+        // The pictures travel by their names alone: where the exporting user
+        // keeps files is nobody else's business.
+        for (int32_t i = 1; i <= NumeroAzioni; ++i) {
+            RecordAzione atteso = Azioni.at(i);
+            if (atteso.TipoAzione == TipiAzione::Immagine)
+                atteso.NomeFileImmagine = QStringLiteral("sole.png");
+            QCOMPARE(letto.Azioni.at(i), atteso);
+        }
         QCOMPARE(letto.Immagini.size(), 1);
-        QCOMPARE(letto.Immagini.at(0).Nome, figura_);
+        QCOMPARE(letto.Immagini.at(0).Nome, QStringLiteral("sole.png"));
         QCOMPARE(letto.Immagini.at(0).Dati, Leggi(figura_));
+        const QByteArray scambio = Leggi(Percorso(QStringLiteral("Giardino") + EstensioneScambio));
+        QVERIFY(!scambio.contains(QFile::encodeName(PercorsoFile())));
+        QVERIFY(!scambio.contains(QFile::encodeName(RadiceDati)));
+    }
+
+    void due_figure_con_lo_stesso_nome_viaggiano_distinte() {
+        Disegna();
+        QVERIFY(QDir().mkpath(Percorso(QStringLiteral("altra"))));
+        const QString seconda = Percorso(QStringLiteral("altra/sole.png"));
+        QImage verde(10, 10, QImage::Format_RGB32);
+        verde.fill(Qt::green);
+        QVERIFY(verde.save(seconda));
+        RecordAzione verdi = Azioni.at(NumeroAzioni);
+        verdi.NomeFileImmagine = seconda;
+        verdi.XInizio = 100, verdi.YInizio = 100, verdi.XFine = 1000, verdi.YFine = 1000;
+        Azioni << verdi;
+        ++NumeroAzioni;
+        RitracciaTutto(a->Quadro);
+        const FileEsportati file = PercorsiEsportazione(QStringLiteral("Due"), 0);
+        EsportaDisegno(file, a->Quadro, QStringLiteral("Due"));
+        const ContenutoScambio letto = LeggiFileScambio(file.Scambio);
+        QCOMPARE(letto.Immagini.size(), 2);
+        QCOMPARE(letto.Azioni.at(NumeroAzioni - 1).NomeFileImmagine, QStringLiteral("sole.png"));
+        QCOMPARE(letto.Azioni.at(NumeroAzioni).NomeFileImmagine, QStringLiteral("sole-2.png"));
+        QCOMPARE(letto.Immagini.at(1).Dati, Leggi(seconda));
+    }
+
+    void un_esportazione_si_sostituisce_tutta_o_per_niente() {
+        Disegna();
+        const FileEsportati file = PercorsiEsportazione(QStringLiteral("Giardino"), 0);
+        EsportaDisegno(file, a->Quadro, QStringLiteral("Giardino"));
+        QMap<QString, QByteArray> prima;
+        for (const QString& percorso : file.Tutti())
+            prima[percorso] = Leggi(percorso);
+        // The third of the four cannot be put in place: a folder stands there.
+        QVERIFY(QFile::remove(file.Svg));
+        QVERIFY(QDir().mkdir(file.Svg));
+        Azioni[1].ColLinea = 0x00FF00;
+        RitracciaTutto(a->Quadro);
+        QVERIFY_THROWS_EXCEPTION(ErroreZanto,
+                                 EsportaDisegno(file, a->Quadro, QStringLiteral("Giardino")));
+        QCOMPARE(Leggi(file.Png), prima[file.Png]);
+        QCOMPARE(Leggi(file.Pdf), prima[file.Pdf]);
+        QCOMPARE(Leggi(file.Scambio), prima[file.Scambio]);
+        QCOMPARE(
+            QDir(PercorsoFile())
+                .entryList({QStringLiteral("Giardino*")}, QDir::Files | QDir::Dirs | QDir::Hidden),
+            (QStringList{"Giardino.pdf", "Giardino.png", "Giardino.svg", "Giardino.zanto"}));
+    }
+
+    void un_testo_che_l_import_rifiuterebbe_non_si_esporta() {
+        Disegna();
+        NomeDisegnoCorrente = QStringLiteral("Lungo");
+        // As a rich text file of another age could have brought it.
+        Azioni[6].Testo = QString(200000, QChar(u'a'));
+        const QString messaggio = Esporta();
+        QVERIFY2(messaggio.contains(QStringLiteral("NON può essere esportato")) &&
+                     messaggio.contains(QStringLiteral("testo")),
+                 qPrintable(messaggio));
+        QCOMPARE(QDir(PercorsoFile()).entryList({QStringLiteral("Lungo*")}, QDir::Files),
+                 QStringList());
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void un_file_con_un_testo_di_soli_ritorni_non_si_importa() {
+        Disegna();
+        ContenutoScambio c;
+        c.NomeDisegno = QStringLiteral("Ritorni");
+        c.Azioni = Azioni;
+        c.NumeroAzioni = NumeroAzioni;
+        c.Azioni[6].Testo = QString(40000, QChar(u'\r'));
+        c.Immagini = ImmaginiNominate(c.Azioni, c.NumeroAzioni);
+        ScriviFileScambio(Percorso(QStringLiteral("Ritorni.zanto")), c);
+        const int prima = RigheDisegni();
+        const QStringList filePrima = QDir(PercorsoFile()).entryList(QDir::Files);
+        QString avviso;
+        Importa(QStringLiteral("Ritorni.zanto"), [&](Copione& k) {
+            k.Esegui([&] { avviso = TestoQuadroMessaggi; });
+            k.Tasto(Qt::Key_Return);
+        });
+        QVERIFY2(avviso.contains(QStringLiteral("NON può essere importato")) &&
+                     avviso.contains(QStringLiteral("testo")),
+                 qPrintable(avviso));
+        QCOMPARE(RigheDisegni(), prima);
+        QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files), filePrima);
+        QVERIFY(amb->Scatole.isEmpty());
     }
 
     void senza_nome_si_scrive_e_lo_stesso_nome_chiede() {

@@ -93,8 +93,12 @@ class ProvaSceltaColoreZona : public QObject, MondoDisegno {
             return;
         }
         Scegli(c, *orologio, 105);
-        c.Tasto(Qt::Key_Return);
-        Scegli(c, *orologio, 105);
+        // In modes 1 and 2 "Chiudi" on the first opening ends the command; in
+        // mode 3 the red button, fired by Enter, asks again.
+        if (ModalitàFunzionamento == 3) {
+            c.Tasto(Qt::Key_Return);
+            Scegli(c, *orologio, 105);
+        }
     }
 
     void Esegui(Copione& c) {

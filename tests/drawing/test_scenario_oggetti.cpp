@@ -85,10 +85,9 @@ private slots:
         PremiCon(124, cartelle);
 
         // The selection box where it is born takes all three. "Chiudi" as the
-        // first answer: the empty walk is stopped and "Chiudi" ends it.
+        // first answer ends the command.
         Copione box(*orologio);
         Fino(box, 105);
-        box.Attendi(Sosta).Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
         PremiCon(120, box);
         Premi(117);
         QCOMPARE(OggettoAttivo, int16_t(1));

@@ -124,8 +124,7 @@ private slots:
         const QImage primaDelTesto = a->Quadro.Immagine().copy();
         Copione testo(*orologio);
         ScriviInModo1(testo, QStringLiteral("CIAO"), Sosta);
-        Fino(testo, 105);
-        testo.Tasto(Qt::Key_Return).Tasto(Qt::Key_Return);
+        Fino(testo, 105); // "Chiudi" at once: the text stays where it opened
         PremiCon(128, testo);
         QCOMPARE(ComandoModifica, int16_t(0));
         Premi(117);

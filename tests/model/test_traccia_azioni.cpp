@@ -10,6 +10,7 @@
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
 
+#include <QFile>
 #include <QtTest>
 
 #include <cmath>
@@ -178,6 +179,7 @@ private slots:
     void testo_con_resto_di_soli_spazi_non_stampa_altre_righe();
     void immagine_stirata_nel_suo_riquadro();
     void immagine_che_non_si_legge_e_la_sua_cornice_detta_una_volta();
+    void duemila_immagini_che_non_si_leggono_dette_in_un_solo_messaggio();
     void codici_fuori_da_1_a_7_non_disegnano();
     void intervallo_vuoto_non_disegna();
     void azioni_vuote_non_disegnano();
@@ -502,6 +504,36 @@ void TestTracciaAzioni::immagine_che_non_si_legge_e_la_sua_cornice_detta_una_vol
     QVERIFY(!q.S.AutoRedraw);
     // Told once: later replays of the same drawing stay silent.
     q.Traccia(lista);
+    q.Traccia(lista);
+    QCOMPARE(amb.Scatole.size(), 1);
+}
+
+void TestTracciaAzioni::duemila_immagini_che_non_si_leggono_dette_in_un_solo_messaggio() {
+    AmbienteProva amb;
+    const QString guasta = PercorsoFile() + QStringLiteral("/guasta.png");
+    {
+        QFile f(guasta);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("non sono un'immagine");
+    }
+    QList<RecordAzione> lista;
+    for (int k = 0; k < 2000; ++k) {
+        RecordAzione a;
+        a.TipoAzione = TipiAzione::Immagine;
+        a.XInizio = 15 * (k % 40), a.YInizio = 15 * (k / 40);
+        a.XFine = a.XInizio + 150, a.YFine = a.YInizio + 150;
+        a.NomeFileImmagine =
+            k == 0 ? guasta : PercorsoFile() + QStringLiteral("/manca-%1.png").arg(k);
+        lista << a;
+    }
+    Quadro q;
+    q.Traccia(lista);
+    // One box for the drawing, however many pictures it misses: the first
+    // with its own words, and how many more.
+    QCOMPARE(amb.Scatole.size(), 1);
+    QVERIFY2(amb.Scatole[0].Testo.contains(QStringLiteral("guasta.png")) &&
+                 amb.Scatole[0].Testo.contains(QStringLiteral("e altre 1999 immagini")),
+             qPrintable(amb.Scatole[0].Testo));
     q.Traccia(lista);
     QCOMPARE(amb.Scatole.size(), 1);
 }

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace {
 
 const QString CR(QChar(u'\r'));
@@ -252,6 +254,36 @@ private slots:
                                  "c}")),
                  QStringLiteral("abc"));
         QCOMPARE(Rtf("a\\'00b"), QStringLiteral("ab"));
+    }
+
+    void dati_dopo_la_fine_del_documento_senza_testo_si_lasciano() {
+        // A word processor closed the top group before its theme data and wrote
+        // a last brace after them: the document is what the top group held.
+        const QByteArray intero = Leggi(Cartella() + QStringLiteral("/issue_11.rtf"));
+        const QString atteso = TestoDaRtf(intero);
+        QVERIFY(!atteso.isEmpty());
+        QByteArray spostato = intero;
+        const qsizetype tema = spostato.indexOf("{\\*\\themedata");
+        QVERIFY(tema > 0);
+        spostato.insert(tema, '}');
+        QCOMPARE(TestoDaRtf(spostato), atteso);
+        QCOMPARE(Rtf("Ciao}{\\*\\datastore 0105}{\\*\\colorschememapping 3c3f}\r\n"),
+                 QStringLiteral("Ciao"));
+        QCOMPARE(TestoDaRtf("{\\rtf1 Ciao}\\par}"), QStringLiteral("Ciao"));
+        QCOMPARE(TestoDaRtf("{\\rtf1 Ciao}{}{\\b  }}}"), QStringLiteral("Ciao"));
+        // A group cut short after the end holds no text either.
+        QCOMPARE(TestoDaRtf("{\\rtf1 Ciao}{\\*\\themedata 5045"), QStringLiteral("Ciao"));
+        // A second document with text is refused whole.
+        QCOMPARE(ErroreDi("{\\rtf1 Ciao}{\\rtf1 Mondo}"), 321);
+        QCOMPARE(ErroreDi("{\\rtf1 Ciao}{\\*\\themedata 00}{\\b Mondo}"), 321);
+        QCOMPARE(ErroreDi("{\\rtf1 Ciao}{\\*\\themedata 00}{\\b Mon"), 321);
+    }
+
+    void un_tubo_non_e_un_file_rtf_e_non_ferma_nulla() {
+        QTemporaryDir cartella;
+        const QString tubo = cartella.filePath(QStringLiteral("tubo.rtf"));
+        QVERIFY(::mkfifo(QFile::encodeName(tubo).constData(), 0600) == 0);
+        QCOMPARE(NumeroErrore([&] { LeggiFileRtf(tubo); }), 321);
     }
 
     void documenti_malformati_sono_errore_321_data() {

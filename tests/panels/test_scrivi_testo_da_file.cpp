@@ -1,6 +1,8 @@
 // Key 110 of the keyboard: a rich text file of the files folder, chosen on
 // the list, takes the place of the text.
 #include "archive/Archivi.h"
+#include "input/QuadroMessaggi.h"
+#include "model/LimitiTesto.h"
 #include "panels/ProvaScriviTesto.h"
 #include "start/Bip.h"
 #include "start/Configurazione.h"
@@ -88,6 +90,50 @@ private slots:
         ScriviFile(QStringLiteral("lettera.rtf"), "{\\rtf1 Ciao}");
         const QString testo = Importa(false);
         QCOMPARE(testo, QStringLiteral("AB_"));
+    }
+
+    void un_file_oltre_la_misura_di_un_testo_lo_dice_e_il_testo_resta() {
+        // A paragraph more than a text may hold: read whole, it would be lost later.
+        QByteArray corpo = "{\\rtf1 ";
+        for (int32_t k = 0; k < MassimoRigheTesto; ++k)
+            corpo += "riga\\par ";
+        ScriviFile(QStringLiteral("lungo.rtf"), corpo + "ultima}");
+        QString avviso, testo;
+        const int bip = ContatoreBip;
+        Copione c(*orologio);
+        c.Attendi(9000).Tasto(Qt::Key_Return);
+        c.Tasto(Qt::Key_Return).Attendi(21 * 1000).Tasto(Qt::Key_Return);
+        c.Esegui([&] { avviso = TestoQuadroMessaggi; });
+        c.Tasto(Qt::Key_Return);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Attendi(3000).Tasto(Qt::Key_Return); // 110, 111, 112, then 101
+        QVERIFY(Apri(c));
+        QVERIFY2(avviso.contains(QStringLiteral("non è stato letto")) &&
+                     avviso.contains(QStringLiteral("%1 righe").arg(MassimoRigheTesto)),
+                 qPrintable(avviso));
+        QVERIFY(ContatoreBip > bip);
+        QCOMPARE(testo, QStringLiteral("AB_"));
+        QVERIFY(amb->Scatole.isEmpty());
+    }
+
+    void un_testo_alla_misura_non_cresce_e_lo_dice() {
+        // A text that comes back opens on confirm; a letter typed then is one too many.
+        ModalitàFunzionamento = 4;
+        const QString pieno(MassimoCaratteriTesto, QChar(u'X'));
+        Riapri({pieno});
+        QString avviso, testo;
+        const int bip = ContatoreBip;
+        Copione c(*orologio);
+        Digita(c, Qt::Key_A, QStringLiteral("A"), Qt::ShiftModifier);
+        c.Esegui([&] { avviso = TestoQuadroMessaggi; });
+        c.Tasto(Qt::Key_Return);
+        c.Esegui([&] { testo = TestoOra(); });
+        c.Tasto(Qt::Key_Return);
+        QVERIFY(Apri(c));
+        QVERIFY2(avviso.contains(QStringLiteral("troppo lungo")), qPrintable(avviso));
+        QVERIFY(ContatoreBip > bip);
+        QCOMPARE(testo, pieno + QStringLiteral("_"));
+        QCOMPARE(RigheScritte, (QStringList{QString(), pieno}));
     }
 
     void un_file_rovinato_da_il_suo_errore_e_il_testo_resta() {

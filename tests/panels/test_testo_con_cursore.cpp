@@ -1,6 +1,8 @@
 // The rules of the keyboard's text, without any widget: the "_" cursor, the
 // edits, the measure of the lines and the lines of a confirmed text.
+#include "model/LimitiTesto.h"
 #include "panels/TestoConCursore.h"
+#include "start/Utilita.h"
 
 #include <QtTest>
 
@@ -74,20 +76,20 @@ private slots:
     void la_misura_conta_le_righe_e_trova_quella_del_cursore() {
         TestoConCursore t = Con(QStringLiteral("AB\rC_D\rEF"));
         t.Misura();
-        QCOMPARE(t.NumeroRighe, int16_t(3));
+        QCOMPARE(t.NumeroRighe, int32_t(3));
         QCOMPARE(t.InizioRighe, (QList<int32_t>{0, 1, 4, 7}));
-        QCOMPARE(t.RigaCursore, int16_t(2));
+        QCOMPARE(t.RigaCursore, int32_t(2));
         // Just behind a CR the cursor stands on the next line.
         t.Imposta(QStringLiteral("AB\r_C"));
         t.Misura();
-        QCOMPARE(t.RigaCursore, int16_t(2));
+        QCOMPARE(t.RigaCursore, int32_t(2));
         t.Imposta(QStringLiteral("AB_\rC"));
         t.Misura();
-        QCOMPARE(t.RigaCursore, int16_t(1));
+        QCOMPARE(t.RigaCursore, int32_t(1));
         t.Imposta(QStringLiteral("AB\r_"));
         t.Misura();
-        QCOMPARE(t.NumeroRighe, int16_t(2));
-        QCOMPARE(t.RigaCursore, int16_t(2));
+        QCOMPARE(t.NumeroRighe, int32_t(2));
+        QCOMPARE(t.RigaCursore, int32_t(2));
     }
 
     void giu_va_all_inizio_della_riga_dopo_non_alla_stessa_colonna() {
@@ -160,6 +162,38 @@ private slots:
         QCOMPARE(t.Testo(), QStringLiteral("AB__"));
         // A text without any "_" gets one at its end.
         QCOMPARE(Con(QStringLiteral("XY")).Testo(), QStringLiteral("XY_"));
+    }
+
+    void la_misura_di_un_testo_conta_le_righe_come_il_disegno_le_divide() {
+        for (const QString& testo :
+             {QStringLiteral("a\rb"), QStringLiteral("a\r\nb\r\n"), QStringLiteral("a\r   "),
+              QStringLiteral("\r\r\r"), QStringLiteral("   "), QString(), QStringLiteral("a\n\nb"),
+              QStringLiteral("a\r\n")}) {
+            TestoDaDividere = testo;
+            DividiTestoInRighe();
+            QCOMPARE(RigheDaTracciare(testo), int32_t(NumeroRigheTesto));
+            // The keyboard shows at least as many lines as the drawing will cut.
+            QVERIFY(RigheSullaTastiera(testo) >= RigheDaTracciare(testo));
+        }
+        QCOMPARE(RigheDaTracciare(QString(40000, QChar(u'\r'))), int32_t(40000));
+        QVERIFY(!TestoNeiLimiti(QString(MassimoRigheTesto + 1, QChar(u'\r'))));
+        QVERIFY(TestoNeiLimiti(QString(MassimoRigheTesto, QChar(u'\r'))));
+        QVERIFY(!TestoSullaTastieraNeiLimiti(QString(MassimoRigheTesto, QChar(u'\r'))));
+        QVERIFY(TestoSullaTastieraNeiLimiti(QString(MassimoRigheTesto - 1, QChar(u'\r'))));
+        QVERIFY(!TestoNeiLimiti(QString(MassimoCaratteriTesto + 1, QChar(u'a'))));
+    }
+
+    void le_righe_si_contano_oltre_i_16_bit() {
+        // 1,000,001 paragraphs, as a rich text file may bring them: counted in
+        // 16 bits they were 16,961 lines.
+        TestoConCursore t = Con(QString(1000000, QChar(u'\r')) + QStringLiteral("Z"));
+        t.Fine();
+        t.Misura();
+        QCOMPARE(t.NumeroRighe, int32_t(1000001));
+        QCOMPARE(t.RigaCursore, int32_t(1000001));
+        QCOMPARE(t.Su(), TestoConCursore::EsitoRiga::Spostato);
+        t.Misura();
+        QCOMPARE(t.RigaCursore, int32_t(1000000));
     }
 };
 

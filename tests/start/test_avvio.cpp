@@ -371,7 +371,7 @@ private slots:
         QVERIFY(amb->Scatole.isEmpty());
     }
 
-    void disco_pieno_all_avvio_scatola_perlux_e_fine() {
+    void disco_pieno_all_avvio_lo_dice_e_fine() {
         int esito = 0;
         {
             DiscoPieno pieno;
@@ -381,8 +381,10 @@ private slots:
         QCOMPARE(esito, 1);
         QCOMPARE(ScritturaFallita, int16_t(1));
         QCOMPARE(amb->Scatole.size(), 1);
-        QCOMPARE(amb->Scatole[0].Titolo, QStringLiteral("PERLUX"));
-        QCOMPARE(amb->Scatole[0].Testo, MessaggiAvvio[1]);
+        // A full disk, not a question of rights.
+        QCOMPARE(amb->Scatole[0].Titolo, QStringLiteral("ZANTO"));
+        QCOMPARE(amb->Scatole[0].Icona, IconaScatola::Critica);
+        QCOMPARE(amb->Scatole[0].Testo, TestoErrore(61, 105, QString()));
         QCOMPARE(ContatoreBip, 1);
         QVERIFY(NessunArchivioAperto());
         QVERIFY(MenùGeneraleAperto() == nullptr);

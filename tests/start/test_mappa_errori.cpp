@@ -202,6 +202,24 @@ private slots:
         QCOMPARE(ErroreSistema(ENOENT, cartella.filePath(QStringLiteral("manca/f.tmp"))).Numero,
                  76);
     }
+
+    void un_disco_pieno_e_la_61_comunque_qt_chiami_il_guasto() {
+        // A file saved aside and renamed reports a full disk as a rename or
+        // an unspecified fault: errno still says what happened.
+        const QString nome = cartella.filePath(QStringLiteral("f.png"));
+        for (const QFileDevice::FileError guasto :
+             {QFileDevice::RenameError, QFileDevice::UnspecifiedError, QFileDevice::WriteError,
+              QFileDevice::OpenError, QFileDevice::CopyError}) {
+            errno = ENOSPC;
+            QCOMPARE(ErroreFile(guasto, nome).Numero, 61);
+        }
+        errno = EDQUOT;
+        QCOMPARE(ErroreFile(QFileDevice::RenameError, nome).Numero, 61);
+        errno = EFBIG;
+        QCOMPARE(ErroreFile(QFileDevice::WriteError, nome).Numero, 61);
+        errno = EXDEV;
+        QCOMPARE(ErroreFile(QFileDevice::RenameError, nome).Numero, 75);
+    }
 };
 
 QTEST_MAIN(ProvaMappaErrori)
