@@ -277,6 +277,12 @@ void AmbienteDisegno::Rifiuta() {
 }
 
 void AmbienteDisegno::ClickTasto(int16_t indice) {
+    // A click while the element walks is the choice key there: the walk stops
+    // and the direction panel comes again; no command starts under the walk.
+    if (attesaMovimento_ != nullptr) {
+        FermaCammino();
+        return;
+    }
     Comandi->TastoDisegno_Click(indice);
 }
 

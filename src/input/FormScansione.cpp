@@ -139,6 +139,7 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
         tasto->installEventFilter(this);
         const int16_t indice = d.Indice;
         connect(tasto, &QPushButton::clicked, this, [this, indice, insieme] {
+            if (TastiDelLavoro) return;
             // A click is a choice: the ring stops as it does for the choice key.
             Protetto([this, indice, insieme] {
                 Motore.FermaScansione();
@@ -294,6 +295,10 @@ bool FormScansione::TastoRipetuto(int codice) const {
 }
 
 bool FormScansione::GestisciTasto(QKeyEvent* e) {
+    if (TastiDelLavoro) {
+        TastiDelLavoro(e);
+        return true;
+    }
     const int codice = CodiceDi(e);
     // A held switch must not fire again and again; only a screen that walks
     // something with a held arrow takes the repeats, once the press counts.
@@ -344,6 +349,7 @@ void FormScansione::AnnullaTastoInAttesa() {
 }
 
 void FormScansione::EseguiTasto(int codice, int modificatori, int tastoQt, const QString& testo) {
+    if (TastiDelLavoro) return; // a held press accepted while a job runs
     const int16_t modo = ModalitàFunzionamento;
     // A resting ring is only woken: nobody was watching where it stood.
     if (Motore.InRiposo() && (modo == 1 || modo == 2) &&

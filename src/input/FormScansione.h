@@ -34,6 +34,10 @@ inline std::function<void(const QString& suggerimento)> AvvisoComandoAmbiente;
 // it within TempoIgnoraDopoScelta come from a tremor, not from the user's will.
 inline int64_t IstanteUltimaScelta = std::numeric_limits<int64_t>::min() / 2;
 
+// Set while a long job lets waiting events run: no key or click may then start
+// a routine of a screen again; the keys go to the job's own form, here.
+inline std::function<void(QKeyEvent*)> TastiDelLavoro;
+
 class FormScansione : public QDialog {
 public:
     struct DefinizioneTasto {

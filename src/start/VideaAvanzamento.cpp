@@ -1,6 +1,7 @@
 #include "start/VideaAvanzamento.h"
 
 #include "drawing/VistaSuperficie.h"
+#include "input/FormScansione.h"
 #include "input/MotoreScansione.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -127,5 +129,13 @@ void AvanzamentoProcesso() {
         barra.ForeColor = 0;
         barra.Print(f->Percentuale);
     }
+    // The events that wait run, but a key meant for a screen is the job's: it
+    // may ask to stop it, never start a routine a second time.
+    const QPointer<VideaAvanzamento> forma(f);
+    const QScopedValueRollback<std::function<void(QKeyEvent*)>> tasti(
+        TastiDelLavoro, [forma](QKeyEvent* evento) {
+            if (forma != nullptr && evento->type() == QEvent::KeyPress)
+                QCoreApplication::sendEvent(forma, evento);
+        });
     QCoreApplication::processEvents();
 }
