@@ -1,8 +1,12 @@
 #include "start/ApplicazioneZanto.h"
 
+#include "start/FuocoFinestre.h"
 #include "start/GestioneErrori.h"
 
-ApplicazioneZanto::ApplicazioneZanto(int& argc, char** argv) : QApplication(argc, argv) {}
+ApplicazioneZanto::ApplicazioneZanto(int& argc, char** argv) : QApplication(argc, argv) {
+    // With or without a window manager, the keys stay on the front window.
+    InstallaFuocoFinestre();
+}
 
 bool ApplicazioneZanto::notify(QObject* destinatario, QEvent* evento) {
     bool esito = false;

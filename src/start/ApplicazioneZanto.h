@@ -2,7 +2,8 @@
 
 #include <QApplication>
 
-// The program's application object. Its only job is the last guard: a fault
+// The program's application object. It keeps the keys on the front window
+// (FuocoFinestre), and it is the last guard: a fault
 // that slipped past every form's own guard still ends in the error routine and
 // never in Qt's event loop, where it would end the program and the drawing.
 // The forms keep their own guards: a fault unwinding through Qt's delivery
