@@ -11,6 +11,7 @@
 #include "start/Bip.h"
 #include "start/Configurazione.h"
 #include "start/GestioneErrori.h"
+#include "start/MappaErrori.h"
 #include "start/MenuGenerale.h"
 #include "start/Misure.h"
 #include "start/ScrittaModulo.h"
@@ -108,10 +109,19 @@ void VisualizzaInformazioni::AttivaVisualizzaInformazioni() {
     // The program folder's copy, which a therapist may rewrite; without it the
     // program's own.
     const QString percorso = PercorsoInformazioni();
-    const QString sorgente = QFile::exists(percorso) ? percorso : RisorsaInformazioni;
     RegistraRisorse();
     QString testo;
-    EseguiPassi({{150, [&] { testo = LeggiFileRtf(sorgente); }}});
+    EseguiPassi({{150, [&] {
+                      if (QFile::exists(percorso)) {
+                          testo = LeggiFileRtf(percorso);
+                          return;
+                      }
+                      // The program's own copy lives in its resources, not on disk.
+                      QFile risorsa(RisorsaInformazioni);
+                      if (!risorsa.open(QIODevice::ReadOnly))
+                          throw ErroreFileAssente(RisorsaInformazioni);
+                      testo = TestoDaRtf(risorsa.readAll());
+                  }}});
     CasellaInformazioni->setPlainText(QString(testo).replace(u'\r', u'\n'));
     CasellaInformazioni->moveCursor(QTextCursor::Start);
 }
