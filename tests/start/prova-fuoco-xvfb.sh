@@ -63,6 +63,10 @@ tasti Right Right Return # the keys act on the menu again: "Configurazioni"
 aspetta contiene "CONFIGURAZIONI GENERALI" "le configurazioni aperte dal menu"
 tasti Return # its "Chiudi", reached by the switch
 aspetta esatto "$MENU" "il menu dopo le configurazioni"
+tasti Right Right Return # "Informazioni"
+aspetta contiene "Informazioni Programma" "le informazioni"
+tasti Return
+aspetta esatto "$MENU" "il menu dopo le informazioni"
 tasti Return # "Disegno"
 aspetta contiene "COMANDO" "l'ambiente di disegno"
 # The ring stands on 119 when the screen opens; fourteen steps to 133.
