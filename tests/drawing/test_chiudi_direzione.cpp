@@ -1,4 +1,4 @@
-// "Chiudi" of the direction panel in mode 1, over many timings: whenever it is
+// "Chiudi" of the direction panel in modes 1 and 2, over many timings: whenever it is
 // picked, on the panel's first opening or after a walk, the panel goes, the
 // command ends and the drawing screen's ring walks again.
 #include "drawing/AmbienteDisegno.h"
@@ -20,26 +20,34 @@ private slots:
     void cleanup() { Libera(); }
 
     void chiudi_finisce_il_comando_e_l_anello_riparte_data() {
+        QTest::addColumn<int>("modo");
         QTest::addColumn<int>("ultima");
         QTest::addColumn<int>("prima");
         QTest::addColumn<int>("ignora");
         QTest::addColumn<int>("passi");
         QTest::addColumn<int>("scarto");
-        for (int ultima = 1; ultima <= 5; ++ultima)
-            for (int prima = 1; prima <= 3; ++prima)
-                for (int ignora : {0, 400})
-                    for (int passi : {0, 1, 3})
-                        for (int scarto : {0, 450})
-                            QTest::newRow(qPrintable(QStringLiteral("ultima %1 prima %2 ignora %3 "
-                                                                    "passi %4 scarto %5")
-                                                         .arg(ultima)
-                                                         .arg(prima)
-                                                         .arg(ignora)
-                                                         .arg(passi)
-                                                         .arg(scarto)))
-                                << ultima << prima << ignora << passi << scarto;
+        for (int modo : {1, 2})
+            for (int ultima = 1; ultima <= 5; ++ultima)
+                for (int prima = 1; prima <= 3; ++prima)
+                    for (int ignora : {0, 400})
+                        for (int passi : {0, 1, 3})
+                            for (int scarto : {0, 450}) {
+                                // Mode 2 walks the same way: a sample of it is enough.
+                                if (modo == 2 && (prima != 1 || ignora != 0)) continue;
+                                QTest::newRow(qPrintable(
+                                    QStringLiteral("modo %1 ultima %2 prima %3 ignora %4 passi "
+                                                   "%5 scarto %6")
+                                        .arg(modo)
+                                        .arg(ultima)
+                                        .arg(prima)
+                                        .arg(ignora)
+                                        .arg(passi)
+                                        .arg(scarto)))
+                                    << modo << ultima << prima << ignora << passi << scarto;
+                            }
     }
     void chiudi_finisce_il_comando_e_l_anello_riparte() {
+        QFETCH(int, modo);
         QFETCH(int, ultima);
         QFETCH(int, prima);
         QFETCH(int, ignora);
@@ -47,7 +55,7 @@ private slots:
         QFETCH(int, scarto);
         PrimaAttesa = int16_t(prima);
         TempoIgnoraDopoScelta = ignora;
-        a = GuidaDisegno::Apri(1);
+        a = GuidaDisegno::Apri(int16_t(modo));
         DirezioneScelta = int16_t(ultima); // where the panel's ring starts
         Premi(101);                        // a line opens
         const int32_t xFine = ElementoInCostruzione.XFine;
