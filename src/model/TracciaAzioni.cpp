@@ -1,6 +1,7 @@
 #include "model/TracciaAzioni.h"
 
 #include "model/Paint.h"
+#include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "start/GestioneErrori.h"
 #include "start/MappaErrori.h"
@@ -175,6 +176,14 @@ void RitracciaTutto(Superficie& superficie) {
     superficie.FillStyle = 1;
     PrimaAzioneTraccia = 1;
     UltimaAzioneTraccia = Intero16(static_cast<int64_t>(NumeroAzioni));
+    // An action taken back into the hands is drawn by the overlay where it now
+    // stands: drawn at its old place too, it would stay there as a ghost.
+    const int32_t inMano = PrimitivaAttiva > 0 ? IndiceElementoInModifica : 0;
+    if (inMano >= 1 && inMano <= NumeroAzioni) {
+        TracciaLista(superficie, Azioni, 1, inMano - 1);
+        TracciaLista(superficie, Azioni, inMano + 1, NumeroAzioni);
+        return;
+    }
     TracciaAzioni(superficie);
 }
 

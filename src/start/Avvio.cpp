@@ -48,7 +48,8 @@ EsitoBlocco PrendiBlocco() {
     const QByteArray nome = QFile::encodeName(CartellaSistema + NomiArchivi::FileBlocco);
     int fd = -1;
     do {
-        fd = ::open(nome.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+        // Never through a link: each instance must lock the same file.
+        fd = ::open(nome.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644);
     } while (fd < 0 && errno == EINTR);
     if (fd < 0) return EsitoBlocco::Impossibile;
     int esito = 0;
@@ -85,6 +86,7 @@ void ProvaScrittura() {
                          QString::number(QRandomGenerator::global()->bounded(10000000, 99999999)) +
                          QStringLiteral(".tmp");
     const QByteArray percorso = QFile::encodeName(nome);
+    if (GuastoProvaScrittura != 0) throw ErroreSistema(GuastoProvaScrittura, nome);
     const int fd = ::open(percorso.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (fd < 0) throw ErroreSistema(errno, nome);
     // Whatever fails after the file exists, it must not stay behind.
@@ -160,6 +162,23 @@ void RiempiMessaggiAvvio() {
     MessaggiAvvio[6] = QStringLiteral("Disegnare con un solo tasto, con due tasti o con le frecce");
     MessaggiAvvio[7] =
         QStringLiteral("F6, F7, F11, F12: modalità di funzionamento  -  F4, F5, F8, F9: tasti");
+    MessaggiAvvio[11] = Righe({
+        QStringLiteral("ATTENZIONE!"),
+        QStringLiteral("Il Programma «ZANTO» è già aperto"),
+        QStringLiteral("con la stessa cartella dei dati:"),
+        QStringLiteral("si prega di tornare alla sua finestra."),
+        QStringLiteral("Premere «OK» per proseguire!"),
+    });
+    MessaggiAvvio[12] = Righe({
+        QStringLiteral("ERRORE FATALE!"),
+        QStringLiteral("Il file di blocco dei dati non si può aprire:"),
+        QStringLiteral("« %1 »"),
+        QStringLiteral("(è una cartella, o un collegamento)."),
+        QStringLiteral("Senza di esso due Programmi «ZANTO» potrebbero"),
+        QStringLiteral("scrivere sugli stessi dati: il Programma non parte."),
+        QString(),
+        QStringLiteral("Togliere quel file e riavviare, o CHIAMARE L'ASSISTENZA!"),
+    });
 }
 
 void CalcolaRadiceDati() {
@@ -190,8 +209,12 @@ int AvviaZanto() {
             return 1;
         }
 
-        // A second instance ends without a word.
-        if (PrendiBlocco() == EsitoBlocco::Occupato) {
+        // A second instance says so and ends: the one running keeps the data.
+        const EsitoBlocco blocco = PrendiBlocco();
+        if (blocco == EsitoBlocco::Occupato) {
+            PuntatorePredefinito();
+            MostraScatolaPiattaforma(IconaScatola::Esclamazione, QStringLiteral("ZANTO"),
+                                     MessaggiAvvio[11]);
             Ferma();
             return 0;
         }
@@ -220,6 +243,18 @@ int AvviaZanto() {
             Bip();
             MostraScatolaPiattaforma(IconaScatola::Esclamazione, QStringLiteral("PERLUX"),
                                      MessaggiAvvio[1]);
+            Ferma();
+            return 1;
+        }
+
+        // A folder that can be written but not locked would let a second
+        // instance write beside this one: no start without the lock.
+        if (blocco == EsitoBlocco::Impossibile) {
+            PuntatorePredefinito();
+            Bip();
+            MostraScatolaPiattaforma(IconaScatola::Critica, QStringLiteral("ZANTO"),
+                                     MessaggiAvvio[12].arg(QDir::toNativeSeparators(
+                                         CartellaSistema + NomiArchivi::FileBlocco)));
             Ferma();
             return 1;
         }

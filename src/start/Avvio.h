@@ -13,6 +13,9 @@ inline QStringList MessaggiAvvio; // from 1: element 0 unused
 inline QString StampanteDiSistema;
 inline int32_t DimensioneMinimaX = 1024;
 inline int32_t DimensioneMinimaY = 768;
+// The start's write test fails with this errno when it is not 0, as it would
+// in a folder the user may not write: the tests' way to it, even as root.
+inline int GuastoProvaScrittura = 0;
 
 // Fills MessaggiAvvio: the start's messages and the lines the forms show.
 void RiempiMessaggiAvvio();

@@ -4,8 +4,11 @@
 #include "archive/Archivi.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
+#include "drawing/GuidaSettaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "model/Superficie.h"
+#include "model/TracciaAzioni.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSceltaDirezione.h"
 #include "panels/QuadroScriviTesto.h"
@@ -31,6 +34,21 @@ int32_t Colore(const QImage& img, int x, int y) {
 // A point of the first line away from the words at the centre.
 int32_t SullaLinea(const QImage& img) {
     return Colore(img, Predefiniti::CentroX + 1000, Predefiniti::CentroY + 1000);
+}
+
+// The whole of Azioni replayed on a canvas of its own, `senza` left out.
+QImage Replica(int32_t senza = 0) {
+    Superficie replica(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
+    replica.ImpostaBackColor(ColoreSfondo);
+    replica.DrawStyle = 0;
+    replica.FillStyle = 1;
+    if (senza == 0) {
+        TracciaLista(replica, Azioni, 1, NumeroAzioni);
+    } else {
+        TracciaLista(replica, Azioni, 1, senza - 1);
+        TracciaLista(replica, Azioni, senza + 1, NumeroAzioni);
+    }
+    return replica.Immagine();
 }
 
 } // namespace
@@ -82,6 +100,17 @@ class ProvaSceltaElemento : public QObject, MondoDisegno {
         QCOMPARE(NumeroAzioni, 4);
     }
 
+    // A rectangle taken back and shifted right until its left edge runs
+    // through the dot of the fill that lies after it in the list.
+    void RettangoloRipresoSulTondino() {
+        TreAzioni();
+        Scegli(2);
+        QCOMPARE(PrimitivaAttiva, int16_t(103));
+        Premi(113);
+        GuidaDisegno::Frecce(Qt::Key_Right, Predefiniti::MezzoLato / PassoSpostamento);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+    }
+
 private slots:
     void init() { Prepara(); }
     void cleanup() { Libera(); }
@@ -126,8 +155,78 @@ private slots:
         QCOMPARE(ElementoRiaperto, int16_t(0));
         QCOMPARE(NumeroAzioni, 4);
         QCOMPARE(SullaLinea(a->Quadro.Immagine()), Nero);
-        // Still pointing at the action: the next new element replaces it.
-        QCOMPARE(IndiceElementoInModifica, int16_t(1));
+        // The action is left alone: the next new element goes after the others.
+        QCOMPARE(IndiceElementoInModifica, int16_t(0));
+        const RecordAzione linea = Azioni[1];
+        Premi(101);
+        Premi(117);
+        QCOMPARE(NumeroAzioni, 5);
+        QCOMPARE(Azioni[1], linea);
+        QCOMPARE(Azioni[5].TipoAzione, TipiAzione::Linea);
+    }
+
+    void fissare_un_elemento_ripreso_da_la_tela_della_sua_lista() {
+        a = GuidaDisegno::Apri(4);
+        RettangoloRipresoSulTondino();
+        Premi(117);
+        QCOMPARE(IndiceElementoInModifica, int16_t(0));
+        QCOMPARE(Azioni[3].FlagPienoVuoto, FlagVuoto);
+        // The dot lies after the rectangle in the list: it shows over the edge.
+        const QImage tela = a->Quadro.Immagine();
+        QCOMPARE(Colore(tela, int(Azioni[3].XCentro), int(Azioni[3].YCentro)), int32_t(0x0000FF));
+        QVERIFY(tela == Replica());
+    }
+
+    void zone_in_tondini_e_ritorno_con_un_elemento_ripreso_non_lasciano_fantasmi() {
+        a = GuidaDisegno::Apri(4);
+        const RecordAzione vecchio = [this] {
+            TreAzioni();
+            return Azioni[2];
+        }();
+        Scegli(2);
+        Premi(113);
+        GuidaDisegno::Frecce(Qt::Key_Down, 30);
+        QVERIFY(PremiTasto(Qt::Key_Return));
+        Copione c(*orologio);
+        GuidaSettaggi::Scegli(c, 142);
+        GuidaSettaggi::Scegli(c, 141);
+        GuidaSettaggi::Scegli(c, 140);
+        GuidaSettaggi::Apri(a, c);
+        // The old place stays empty on the drawing; the element shows where it is.
+        const QImage primaDiFissare = a->Quadro.Immagine();
+        QVERIFY(primaDiFissare == Replica(2));
+        QVERIFY(Colore(primaDiFissare, vecchio.XInizio, vecchio.YInizio) != Nero);
+        // Its handle, on the screen layer.
+        QCOMPARE(Colore(a->Quadro.Schermo(), ElementoInCostruzione.XInizio,
+                        ElementoInCostruzione.YInizio),
+                 Nero);
+        Premi(117);
+        QVERIFY(a->Quadro.Immagine() == Replica());
+    }
+
+    // After a load, a new drawing or a step back in the history, an old
+    // selection names nothing: the object drawn again and deleted takes
+    // nothing from the new drawing.
+    void una_selezione_vecchia_non_tocca_il_disegno_nuovo() {
+        a = GuidaDisegno::Apri(4);
+        GuidaDisegno::LineaSelezionata(a);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        Premi(118); // the object dropped; the selection used to stay
+        QCOMPARE(OggettoAttivo, int16_t(0));
+        Copione nuovo(*orologio);
+        nuovo.Tasto(Qt::Key_Left).Tasto(Qt::Key_Return);
+        PremiCon(119, nuovo);
+        QCOMPARE(NumeroAzioni, 0);
+        Premi(102);
+        Premi(117);
+        Premi(104);
+        Premi(117);
+        const QList<RecordAzione> disegno = Azioni;
+        Premi(125);
+        QCOMPARE(OggettoAttivo, int16_t(1));
+        Premi(127);
+        QCOMPARE(NumeroAzioni, 2);
+        QCOMPARE(Azioni, disegno);
     }
 
     void una_zona_ripresa_ha_il_mirino_e_il_suo_comando_senza_pannello() {

@@ -143,29 +143,6 @@ private:
     bool attivo_ = false;
 };
 
-// Takes the folder's write right away while it lives.
-class SolaLettura {
-public:
-    explicit SolaLettura(const QString& cartella) : cartella_(QFile::encodeName(cartella)) {
-        ::chmod(cartella_.constData(), 0555);
-    }
-    ~SolaLettura() { ::chmod(cartella_.constData(), 0755); }
-    SolaLettura(const SolaLettura&) = delete;
-    SolaLettura& operator=(const SolaLettura&) = delete;
-    // A process that may override permissions (root) writes all the same.
-    bool Efficace() const {
-        const QByteArray prova = cartella_ + "/.prova-scrittura";
-        const int fd = ::open(prova.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        if (fd < 0) return true;
-        ::close(fd);
-        ::unlink(prova.constData());
-        return false;
-    }
-
-private:
-    QByteArray cartella_;
-};
-
 QStringList FileProvvisori() {
     return QDir(RadiceDati).entryList({QStringLiteral("zanto*.tmp")}, QDir::Files | QDir::Hidden);
 }
@@ -195,6 +172,7 @@ private slots:
         orologio = std::make_unique<OrologioVirtuale>();
     }
     void cleanup() {
+        GuastoProvaScrittura = 0;
         DistruggiMenùGenerale();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         orologio.reset();
@@ -290,7 +268,7 @@ private slots:
         QCOMPARE(dopo, prima);
     }
 
-    void una_seconda_istanza_finisce_in_silenzio() {
+    void una_seconda_istanza_dice_che_zanto_e_aperto_e_finisce() {
         Presa altra;
         QVERIFY(altra.Tenuta());
         {
@@ -299,7 +277,8 @@ private slots:
             QCOMPARE(seconda.Errore(), EWOULDBLOCK);
         }
         QCOMPARE(AvviaZanto(), 0);
-        QVERIFY(amb->Scatole.isEmpty());
+        QCOMPARE(amb->Scatole.size(), 1);
+        QCOMPARE(amb->Scatole[0].Testo, MessaggiAvvio[11]);
         QCOMPARE(ContatoreBip, 0);
         QVERIFY(MenùGeneraleAperto() == nullptr);
         QVERIFY(NessunArchivioAperto());
@@ -363,12 +342,30 @@ private slots:
         QVERIFY(dopo.Tenuta());
     }
 
-    void un_blocco_che_non_si_puo_aprire_non_e_un_altra_istanza() {
-        // A folder under the lock's name: it cannot be opened, and no one holds it.
-        QVERIFY(QDir().mkdir(FileBlocco()));
-        QCOMPARE(AvviaZanto(), -1);
-        QVERIFY(MenùGeneraleAperto() != nullptr);
-        QVERIFY(amb->Scatole.isEmpty());
+    // A lock that cannot be taken lets a second instance in beside this one:
+    // a folder under its name, a link that leads nowhere, a link to a file.
+    void un_blocco_che_non_si_puo_aprire_ferma_l_avvio_con_un_messaggio_data() {
+        QTest::addColumn<int>("caso");
+        QTest::newRow("cartella") << 0;
+        QTest::newRow("collegamento interrotto") << 1;
+        QTest::newRow("collegamento a un file") << 2;
+    }
+    void un_blocco_che_non_si_puo_aprire_ferma_l_avvio_con_un_messaggio() {
+        QFETCH(int, caso);
+        const QString altrove = RadiceDati + QStringLiteral("/altrove.lck");
+        if (caso == 0) QVERIFY(QDir().mkdir(FileBlocco()));
+        if (caso == 2) ScriviFile(altrove, QByteArray());
+        if (caso != 0)
+            QVERIFY(QFile::link(caso == 1 ? RadiceDati + QStringLiteral("/manca/x.lck") : altrove,
+                                FileBlocco()));
+        QCOMPARE(AvviaZanto(), 1);
+        QCOMPARE(amb->Scatole.size(), 1);
+        QVERIFY(amb->Scatole[0].Testo.startsWith(
+            QStringLiteral("ERRORE FATALE!\rIl file di blocco dei dati non si può aprire:")));
+        QVERIFY(amb->Scatole[0].Testo.contains(FileBlocco()));
+        QVERIFY(MenùGeneraleAperto() == nullptr);
+        QVERIFY(NessunArchivioAperto());
+        QVERIFY(!CopertinaVisibile());
     }
 
     void disco_pieno_all_avvio_lo_dice_e_fine() {
@@ -392,18 +389,23 @@ private slots:
         QVERIFY(FileProvvisori().isEmpty());
     }
 
-    void cartella_dei_dati_in_sola_lettura_scatola_perlux_e_fine() {
+    // A folder the user may not write: the write test is refused access. The
+    // seam says it even to root, as CI runs, which writes through any mode.
+    void cartella_dei_dati_senza_diritto_di_scrittura_scatola_perlux_e_fine() {
         QVERIFY(QFile::remove(PercorsoCartellaAttiva()) ||
                 !QFile::exists(PercorsoCartellaAttiva()));
-        SolaLettura solaLettura(RadiceDati);
-        if (!solaLettura.Efficace())
-            QSKIP("this process writes through a 0555 folder (root): nothing to test here");
-        QCOMPARE(AvviaZanto(), 1);
+        GuastoProvaScrittura = EACCES;
+        const int esito = AvviaZanto();
+        GuastoProvaScrittura = 0;
+        QCOMPARE(esito, 1);
         QCOMPARE(amb->Scatole.size(), 1);
         QCOMPARE(amb->Scatole[0].Titolo, QStringLiteral("PERLUX"));
         QCOMPARE(amb->Scatole[0].Testo, MessaggiAvvio[1]);
         QVERIFY(NessunArchivioAperto());
-        QVERIFY(!QFile::exists(FileBlocco()));
+        QVERIFY(FileProvvisori().isEmpty());
+        QVERIFY(!QFile::exists(PercorsoCartellaAttiva()));
+        Presa dopo; // the lock went with the start
+        QVERIFY(dopo.Tenuta());
     }
 
     void senza_cartella_dei_dati_scatola_fatale_dell_archivio_di_configurazione() {
