@@ -301,6 +301,8 @@ void AmbienteDisegno::DisegnoVuoto() {
     CodiceDisegnoDaCaricare = 0;
     CodiceDisegnoDaRegistrare = 0;
     NomeDisegnoCorrente.clear();
+    // An empty drawing has no name yet: the old one must not stay under it.
+    ScrittaNomeDisegno->clear();
     Quadro.ImmagineVuota();
     QuadroDisegno->update();
 }

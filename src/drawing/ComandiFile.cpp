@@ -57,8 +57,17 @@ void ComandiFile::NuovoDisegno() {
     a_.Riprendi();
 }
 
+void ComandiFile::Registrate() {
+    registrate_ = Azioni.mid(1, NumeroAzioni);
+}
+
+bool ComandiFile::Modificato() const {
+    return Azioni.mid(1, NumeroAzioni) != registrate_;
+}
+
 void ComandiFile::LeggiDisegno() {
-    if (!NomeDisegnoCorrente.trimmed().isEmpty()) {
+    // A drawing just read or saved loses nothing: no warning for it.
+    if (!NomeDisegnoCorrente.trimmed().isEmpty() && Modificato()) {
         ParcheggiaMouse();
         const int16_t esito =
             Messaggio(Righe({QStringLiteral("E' stato richiesto il Caricamento di un"),
@@ -108,6 +117,7 @@ void ComandiFile::LeggiDisegno() {
     a_.Quadro.ImpostaBackColor(ColoreSfondo);
     a_.RidisegnoCompleto();
     a_.Quadro.Refresh();
+    Registrate();
     // The loaded drawing is the first step of a new history.
     EseguiPassi({{1268, [] {
                       NuovaStoria();
@@ -138,7 +148,7 @@ void ComandiFile::SalvaDisegno() {
     QString nome;
     for (;;) {
         SezioneCorrente = 1270;
-        if (ScriviTesto(LarghezzaNomeEtichetta) == 0) {
+        if (ScriviTesto(LarghezzaNomeEtichetta, QStringLiteral("Nome del Disegno")) == 0) {
             ComandoModifica = 0;
             a_.Riprendi();
             return;
@@ -194,6 +204,7 @@ void ComandiFile::SalvaDisegno() {
     ComandoModifica = 0;
     // A save that failed has had its box from the error routine: no word of success.
     if (salvato) {
+        Registrate();
         ParcheggiaMouse();
         Messaggio(Righe({QStringLiteral("Il Disegno è stato correttamente salvato"),
                          QStringLiteral("nella Cartella denominata:"),

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "model/RecordAzione.h"
+
+#include <QList>
 #include <QString>
 
 class AmbienteDisegno;
@@ -19,6 +22,10 @@ private:
     // reads names (case and accents do not count)?
     static bool NomeGiaUsato(const QString& nome);
     void MostraNome();
+    // The actions as last read or saved, and whether the canvas has moved on.
+    void Registrate();
+    bool Modificato() const;
 
     AmbienteDisegno& a_;
+    QList<RecordAzione> registrate_;
 };

@@ -154,7 +154,42 @@ void FormScansione::CreaTasti(const QList<DefinizioneTasto>& tabella, int margin
 }
 
 void FormScansione::ImpostaColoreCorona(int16_t indice, uint32_t rgb) {
-    if (QLabel* corona = CoroneAttive().value(indice)) Colora(corona, rgb);
+    QLabel* corona = CoroneAttive().value(indice);
+    if (corona == nullptr) return;
+    // A button marked under the ring shows both: magenta, not the mark's blue.
+    if (rgb == ColoriCorona::Blu && indice == Motore.TastoCorrente) rgb = ColoriCorona::Magenta;
+    Colora(corona, rgb);
+    // Where wide rings overlap, the ring lies above its neighbours': another
+    // colour never covers a part of it.
+    if (indice != Motore.TastoCorrente) return;
+    for (QLabel* altra : std::as_const(CoroneAttive()))
+        if (altra != corona && altra->geometry().intersects(corona->geometry()))
+            altra->stackUnder(corona);
+}
+
+void FormScansione::CopriAnello() {
+    QLabel* corona = CoroneAttive().value(Motore.TastoCorrente);
+    if (corona == nullptr || corona->isHidden() || anelloCoperto_) return;
+    anelloCoperto_ = true;
+    // Only the ring of the screen in front shows where a choice falls; a
+    // marked button here keeps its mark.
+    if (Motore.TastoCorrente == TastoMarcato)
+        Colora(corona, ColoriCorona::Blu);
+    else
+        corona->hide();
+}
+
+void FormScansione::ScopriAnello() {
+    if (!anelloCoperto_) return;
+    anelloCoperto_ = false;
+    QLabel* corona = CoroneAttive().value(Motore.TastoCorrente);
+    if (corona == nullptr) return;
+    if (Motore.TastoCorrente == TastoMarcato) Colora(corona, ColoriCorona::Magenta);
+    corona->show();
+    // The words that named the panel's buttons name this screen's again.
+    if (InformaAmbiente && AvvisoComandoAmbiente)
+        if (TastoZanto* tasto = TastiAttivi().value(Motore.TastoCorrente))
+            AvvisoComandoAmbiente(tasto->toolTip());
 }
 
 void FormScansione::ImpostaPredefinito(int16_t indice) {
@@ -406,8 +441,11 @@ void FormScansione::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
     Filtra(this);
     // The screens below hold their rings while this one stands above them.
-    for (FormScansione* sotto : std::as_const(FormAperti()))
-        if (sotto != this) sotto->Motore.Sospendi();
+    for (FormScansione* sotto : std::as_const(FormAperti())) {
+        if (sotto == this) continue;
+        sotto->Motore.Sospendi();
+        sotto->CopriAnello();
+    }
     FormAperti().removeAll(this);
     FormAperti().append(this);
     Motore.RiprendiDopoPannello();
@@ -421,7 +459,10 @@ void FormScansione::hideEvent(QHideEvent* evento) {
     AnnullaTastoInAttesa();
     Motore.Lascia();
     FormAperti().removeAll(this);
-    if (FormScansione* sotto = InPrimoPiano()) sotto->Motore.RiprendiDopoPannello();
+    if (FormScansione* sotto = InPrimoPiano()) {
+        sotto->ScopriAnello();
+        sotto->Motore.RiprendiDopoPannello();
+    }
     QDialog::hideEvent(evento);
 }
 

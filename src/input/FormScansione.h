@@ -75,6 +75,11 @@ public:
     // the default flag.
     void AttivaInsieme(int insieme);
     void ImpostaColoreCorona(int16_t indice, uint32_t rgb);
+    // While a screen stands above this one, its ring is not shown here (the mark
+    // stays); it comes back, and the screen names its button again, when the
+    // screen above has gone.
+    void CopriAnello();
+    void ScopriAnello();
     // Like a form's default button, the flag stands on one button at most.
     void ImpostaPredefinito(int16_t indice);
 
@@ -155,6 +160,7 @@ private:
     void Filtra(QObject* radice);
 
     std::optional<TastoInAttesa> inAttesa_;
+    bool anelloCoperto_ = false;
 
     QMap<int, QMap<int16_t, TastoZanto*>> tastiAltri_;
     QMap<int, QMap<int16_t, QLabel*>> coroneAltre_;

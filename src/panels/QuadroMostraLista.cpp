@@ -207,8 +207,9 @@ void QuadroMostraLista::AggiornaCorone() {
     const int16_t corrente = Motore.TastoCorrente;
     ColoraTasto(corrente, ColoreEvidenza);
     if (ModalitàFunzionamento == 3 || ModalitàFunzionamento == 4) ImpostaPredefinito(corrente);
-    if (AvvisoComandoAmbiente)
-        if (TastoZanto* tasto = Tasti.value(corrente)) AvvisoComandoAmbiente(tasto->toolTip());
+    // The drawing screen's title and box name what the highlight stands on: a
+    // line by its name, as the voice says it.
+    if (AvvisoComandoAmbiente) AvvisoComandoAmbiente(NomeParlato(corrente));
 }
 
 void QuadroMostraLista::RoutineTastoGiu(int codice, int modificatori) {
@@ -298,7 +299,11 @@ void QuadroMostraLista::Conferma() {
 void QuadroMostraLista::NuovaCartella() {
     NumeroRigheScritte = 0;
     RigheScritte = QStringList{QString()};
-    if (ScriviTesto(LarghezzaNomeEtichetta) == 0) {
+    // The keyboard's title says what it asks for.
+    const QString cosa = TipoLista == 2   ? QStringLiteral("Nome della Nuova Cartella Disegni")
+                         : TipoLista == 4 ? QStringLiteral("Nome della Nuova Cartella Oggetti")
+                                          : QString();
+    if (ScriviTesto(LarghezzaNomeEtichetta, cosa) == 0) {
         DopoCambio();
         return;
     }

@@ -248,6 +248,15 @@ void QuadroScriviTesto::MostraMaiuscole() {
     ImpostaIcona(TastoFunzTesto().value(108),
                  IconaSwap.value(immagine)->property(ProprietaRisorsaIcona).toString());
     TastoFunzTesto().value(108)->update();
+    // The letters show the case they will write.
+    for (int16_t i = 0; i < 70; ++i) {
+        const QString didascalia = QString::fromUtf8(Didascalie[i]);
+        if (didascalia.size() != 1 || !didascalia.at(0).isLetter()) continue;
+        TastoZanto* tasto = Tasti.value(static_cast<int16_t>(101 + i));
+        const QString vista = MaiuscoleMinuscole == 1 ? didascalia.toUpper() : didascalia.toLower();
+        if (tasto != nullptr && tasto->text() != vista)
+            tasto->ImpostaTesto(vista, tasto->toolTip());
+    }
 }
 
 bool QuadroScriviTesto::OltreIlLimite() const {
@@ -491,9 +500,10 @@ void QuadroScriviTesto::RoutineCarattere(int tastoQt, const QString& testo) {
     Mostra();
 }
 
-int16_t ScriviTesto(int16_t limite) {
+int16_t ScriviTesto(int16_t limite, const QString& cosa) {
     LunghezzaMassimaTesto = limite;
     QuadroScriviTesto quadro;
+    if (!cosa.isEmpty()) quadro.setWindowTitle(QStringLiteral("Programma «ZANTO»  -  ") + cosa);
     quadro.AttivaQuadroScriviTesto();
     ParcheggiaMouse();
     quadro.exec();

@@ -74,5 +74,6 @@ private:
 };
 
 // The caller's side: sets the limit, opens the keyboard on RigheScritte as
-// they stand and returns NumeroRigheScritte.
-int16_t ScriviTesto(int16_t limite);
+// they stand and returns NumeroRigheScritte. `cosa` names in the title what is
+// asked for ("Nome del Disegno"); without it the title is "Scrittura Testi".
+int16_t ScriviTesto(int16_t limite, const QString& cosa = {});

@@ -96,7 +96,9 @@ void QuadroSettaggi::SalvaOggetto() {
     for (;;) {
         SezioneCorrente = 1366;
         // Left without a name, the ring stands still until the next pick.
-        if (ScriviTesto(LunghezzaNomeOggetto) == 0 || NumeroRigheScritte == 0) return;
+        if (ScriviTesto(LunghezzaNomeOggetto, QStringLiteral("Nome dell'Oggetto")) == 0 ||
+            NumeroRigheScritte == 0)
+            return;
         nome = PulisciTesto(RigheScritte.at(1));
         if (nome.isEmpty()) {
             Bip();

@@ -163,7 +163,7 @@ private slots:
         QCOMPARE(a->Motore.TastoCorrente, int16_t(101));
         QVERIFY(PremiTasto(Qt::Key_Return));
         QCOMPARE(PrimitivaAttiva, int16_t(101));
-        QCOMPARE(ColoreCorona(*a, 101), 0x0000FFu); // marked: blue until the ring moves
+        QCOMPARE(ColoreCorona(*a, 101), 0xFF00FFu); // marked under the ring: magenta
         Schermata(a, QStringLiteral("elemento-aperto"));
         for (int i = 0; i < 5; ++i)
             QVERIFY(PremiTasto(Qt::Key_Right));

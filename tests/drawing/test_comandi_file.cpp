@@ -174,13 +174,16 @@ private slots:
     void salva_nuovo_disegno_con_nome_bitmap_e_messaggio() {
         Apri(4);
         Rettangolo(0);
-        QString domanda, successo;
+        QString domanda, successo, tastiera;
         Copione c(*orologio);
         c.Esegui([&] { domanda = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        c.Esegui([&] { tastiera = FormScansione::InPrimoPiano()->windowTitle(); });
         ScriviConLeFrecce(c, QStringLiteral("CASA"));
         c.Esegui([&] { successo = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
         PremiCon(131, c);
         QCOMPARE(domanda, QStringLiteral("Salvare il Disegno?"));
+        // The keyboard says what it asks for.
+        QCOMPARE(tastiera, QStringLiteral("Programma «ZANTO»  -  Nome del Disegno"));
         QCOMPARE(successo, QStringLiteral("Il Disegno è stato correttamente salvato\rnella "
                                           "Cartella denominata:\r« ·Disegni Generale ».\rPremere "
                                           "«OK» per continuare!"));
@@ -331,6 +334,7 @@ private slots:
         Apri(4);
         Rettangolo(0);
         Salva(QStringLiteral("PRIMO"));
+        Rettangolo(3); // something not saved
         QString avviso;
         Copione c(*orologio);
         c.Esegui([&] { avviso = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
@@ -338,7 +342,7 @@ private slots:
         QVERIFY(avviso.startsWith(QStringLiteral("E' stato richiesto il Caricamento di un\rNuovo "
                                                  "Disegno.\rATTENZIONE!")));
         QCOMPARE(ComandoModifica, int16_t(0));
-        QCOMPARE(NumeroAzioni, 1);
+        QCOMPARE(NumeroAzioni, 2);
     }
 
     void indietro_dalla_lista_lascia_disegno_e_storia() {

@@ -224,8 +224,8 @@ private slots:
         const QImage& q = a->Quadro.Immagine();
         for (QPoint p : {NelRettangolo, SullaLinea, SoloNellEllisse, QPoint(7072, 5000)})
             QCOMPARE(ColoreA(q, p), ColoreSfondo);
-        // The name stays on the screen: only the drawing lost it.
-        QCOMPARE(a->ScrittaNomeDisegno->text(), QStringLiteral("« Casa »"));
+        // The empty drawing has no name, on the screen either.
+        QCOMPARE(a->ScrittaNomeDisegno->text(), QString());
         QCOMPARE(NumeroCopieLavoro(), 3);
     }
 

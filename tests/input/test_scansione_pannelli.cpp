@@ -183,11 +183,12 @@ private slots:
         QVERIFY(sotto->Motore.Sospeso());
         orologio->Avanza(5000);
         QCOMPARE(sotto->Motore.TastoCorrente, int16_t(102));
-        QCOMPARE(Visibili(*sotto, 0), QList<int16_t>{102});
-        // Only the panel's own ring walks meanwhile.
+        // Only the panel's own ring shows and walks meanwhile.
+        QCOMPARE(Visibili(*sotto, 0), QList<int16_t>{});
         QCOMPARE(sopra->Motore.TastoCorrente, int16_t(103));
         sopra->hide();
         QVERIFY(!sotto->Motore.Sospeso());
+        QCOMPARE(Visibili(*sotto, 0), QList<int16_t>{102});
         orologio->Avanza(999);
         QCOMPARE(sotto->Motore.TastoCorrente, int16_t(102));
         orologio->Avanza(1);

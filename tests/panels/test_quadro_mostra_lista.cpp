@@ -702,13 +702,16 @@ private slots:
         ModoCartelle = 2;
         const QString nome = QStringLiteral("100% L'ARTE DI DISEGNARE CON UN TASTO OK");
         QCOMPARE(nome.size(), 40);
-        QString prima;
+        QString prima, titolo;
         Copione c(*orologio);
         c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
         c.Tasto(Qt::Key_Return);
+        c.Esegui([&] { titolo = FormScansione::InPrimoPiano()->windowTitle(); });
         ScriviConLeFrecce(c, nome);
         c.Esegui([&] { prima = Riga(101); });
         QVERIFY(Apri(c));
+        // The keyboard says what it asks for.
+        QCOMPARE(titolo, QStringLiteral("Programma «ZANTO»  -  Nome della Nuova Cartella Disegni"));
         QCOMPARE(prima, ComponiEtichetta(nome, 2, FormatoEtichetta::Cartella));
         QCOMPARE(LeggiEtichetta(prima).Nome, nome);
         QVERIFY(QDir(PercorsoCartellaDisegni(nome, 2)).exists());

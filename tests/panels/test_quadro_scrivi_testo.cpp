@@ -98,7 +98,7 @@ private slots:
         QVERIFY(Apri(c));
         QCOMPARE(didascalie.join(QChar(u'|')),
                  QStringLiteral("A|B|C|D|E|F|G|H|I|J|K|L|M|N|O|P|Q|R|S|T|U|V|W|X|Y|Z|@|€|«|»|"
-                                "!|?|'|Del|__|Ret|BS|%|(|)|à|è|ì|ò|ù|.|,|;|:|°|"
+                                "!|?|'|Del|__|Ret|BS|%|(|)|À|È|Ì|Ò|Ù|.|,|;|:|°|"
                                 "1|2|3|4|5|6|7|8|9|0|+|-|*|/|=|Fn|>|<|[|]"));
         QCOMPARE(suggerimentoFn, QStringLiteral("Accesso a Tasti Funzione"));
         QCOMPARE(suggerimentoA, QString());
@@ -113,6 +113,35 @@ private slots:
         QCOMPARE(immagini.at(6), QStringLiteral(":/icone/pannelli/chiudi.svg"));
         QCOMPARE(immagini.at(7), QStringLiteral(":/icone/tastiera/maiuscole.svg"));
         QCOMPARE(QSet<QString>(immagini.cbegin(), immagini.cend()).size(), 12);
+    }
+
+    void le_lettere_si_vedono_come_scriveranno() {
+        ModalitàFunzionamento = 4;
+        QStringList minuscole, maiuscole;
+        const auto leggi = [](QStringList& dove) {
+            for (int16_t i : {101, 126, 141, 145, 134, 166})
+                dove << Quadro()->TastoScriviTesto().value(i)->text();
+        };
+        Copione c(*orologio);
+        c.Esegui([] { Quadro()->ClickTasto(166); });                      // Fn
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Right).Tasto(Qt::Key_Return); // 108
+        c.Esegui([&] { leggi(minuscole); });
+        c.Tasto(Qt::Key_Return); // 108 again
+        c.Esegui([&] { leggi(maiuscole); });
+        c.Tasto(Qt::Key_Return); // lower case again
+        // What a letter key shows is what it writes.
+        QString scritto;
+        c.Esegui([&] {
+            Quadro()->TastoScriviTesto().value(141)->click();
+            Quadro()->TastoScriviTesto().value(101)->click();
+            scritto = Quadro()->Testo().SenzaCursore();
+            Quadro()->ClickTasto(166);
+        });
+        c.Tasto(Qt::Key_Down).Tasto(Qt::Key_Return); // 107
+        QVERIFY(Apri(c));
+        QCOMPARE(minuscole, (QStringList{"a", "z", "à", "ù", "Del", "Fn"}));
+        QCOMPARE(maiuscole, (QStringList{"A", "Z", "À", "Ù", "Del", "Fn"}));
+        QCOMPARE(scritto, QStringLiteral("àa"));
     }
 
     void le_didascalie_sono_grandi_e_in_grassetto() {
