@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -41,24 +42,83 @@ bool Esiste(const QString& percorso) {
     return QFileInfo(percorso).exists() || QFileInfo(percorso).isSymLink();
 }
 
-// Puts in place what the note names and drops the old copies and the note.
-void Completa(const QString& nota) {
+// A set as its note tells it: the files' names, each marked by whether an
+// old version was kept, and whether the set is to be undone.
+struct Insieme {
+    QString Cartella;
+    QList<std::pair<QString, bool>> Nomi; // name, old version kept
+    bool Indietro = false;
+};
+
+const QString RigaIndietro = QStringLiteral("annulla");
+
+void ScriviNota(const QString& nota, const Insieme& insieme) {
+    QStringList righe;
+    if (insieme.Indietro) righe << RigaIndietro;
+    for (const auto& [nome, vecchio] : insieme.Nomi)
+        righe << (vecchio ? u'+' : u'-') + nome;
+    QSaveFile file(nota);
+    if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), nota);
+    file.write(righe.join(u'\n').toUtf8() + '\n');
+    if (!file.commit()) throw ErroreFile(file.error(), nota);
+    Sincronizza(insieme.Cartella);
+}
+
+Insieme LeggiNota(const QString& nota) {
+    Insieme insieme;
+    insieme.Cartella = QFileInfo(nota).absolutePath();
     QFile file(nota);
-    if (!file.open(QIODevice::ReadOnly)) return;
-    const QString cartella = QFileInfo(nota).absolutePath();
-    const QStringList nomi = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    file.close();
-    for (const QString& nome : nomi) {
-        // A note of our own holds names, never paths.
-        if (nome.contains(u'/') || nome == QStringLiteral("..") || nome == QStringLiteral("."))
+    if (!file.open(QIODevice::ReadOnly)) return insieme;
+    for (const QString& riga : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+        if (riga == RigaIndietro) {
+            insieme.Indietro = true;
             continue;
-        const QString percorso = cartella + u'/' + nome;
+        }
+        const QString nome = riga.mid(1);
+        // A note of our own holds names, never paths.
+        if (nome.isEmpty() || nome.contains(u'/') || nome == QStringLiteral("..") ||
+            nome == QStringLiteral("."))
+            continue;
+        insieme.Nomi.append({nome, riga.startsWith(u'+')});
+    }
+    return insieme;
+}
+
+// Every new file in place, then the old copies gone. Run again, it does no harm.
+void Avanti(const Insieme& insieme) {
+    for (const auto& [nome, vecchio] : insieme.Nomi) {
+        const QString percorso = insieme.Cartella + u'/' + nome;
         if (QFileInfo(FileAParte(percorso)).isFile())
             ::rename(Nome(FileAParte(percorso)).constData(), Nome(percorso).constData());
     }
-    Sincronizza(cartella);
-    for (const QString& nome : nomi)
-        if (!nome.contains(u'/')) QFile::remove(cartella + u'/' + nome + SuffissoVecchio);
+    Sincronizza(insieme.Cartella);
+    for (const auto& [nome, vecchio] : insieme.Nomi)
+        QFile::remove(insieme.Cartella + u'/' + nome + SuffissoVecchio);
+}
+
+// Every old file back, a file that had none gone, the new ones dropped. Run
+// again, it does no harm.
+void Indietro(const Insieme& insieme) {
+    for (const auto& [nome, vecchio] : insieme.Nomi) {
+        const QString percorso = insieme.Cartella + u'/' + nome;
+        if (vecchio) {
+            if (QFileInfo(percorso + SuffissoVecchio).isFile())
+                ::rename(Nome(percorso + SuffissoVecchio).constData(), Nome(percorso).constData());
+        } else if (!QFileInfo(FileAParte(percorso)).exists()) {
+            QFile::remove(percorso); // the new one was put in place
+        }
+        QFile::remove(FileAParte(percorso));
+    }
+    Sincronizza(insieme.Cartella);
+}
+
+// Finishes or undoes the set a note names, and drops the note.
+void Completa(const QString& nota) {
+    const Insieme insieme = LeggiNota(nota);
+    if (insieme.Indietro)
+        Indietro(insieme);
+    else
+        Avanti(insieme);
     QFile::remove(nota);
 }
 
@@ -86,25 +146,10 @@ QString NotaInsieme(const QStringList& percorsi) {
 
 void SostituisciInsieme(const QStringList& percorsi) {
     if (percorsi.isEmpty()) return;
-    const QString cartella = QFileInfo(percorsi.first()).absolutePath();
     const QString nota = NotaInsieme(percorsi);
-    QStringList messi;
-    const auto annulla = [&] {
-        // Back as it was: the old copy over what was put in place, or nothing.
-        for (const QString& percorso : std::as_const(messi)) {
-            const QString vecchio = percorso + SuffissoVecchio;
-            if (QFileInfo(vecchio).isFile())
-                ::rename(Nome(vecchio).constData(), Nome(percorso).constData());
-            else
-                QFile::remove(percorso);
-        }
-        for (const QString& percorso : percorsi) {
-            QFile::remove(FileAParte(percorso));
-            QFile::remove(percorso + SuffissoVecchio);
-        }
-        QFile::remove(nota);
-        Sincronizza(cartella);
-    };
+    Insieme insieme;
+    insieme.Cartella = QFileInfo(percorsi.first()).absolutePath();
+    bool annotato = false;
     try {
         for (const QString& percorso : percorsi) {
             // Only a plain file is ever replaced: anything else in the way stops
@@ -117,28 +162,34 @@ void SostituisciInsieme(const QStringList& percorsi) {
             const QString vecchio = percorso + SuffissoVecchio;
             QFile::remove(vecchio);
             // A second name for the old file; a copy where links are not known.
-            if (QFileInfo(percorso).isFile() &&
-                ::link(Nome(percorso).constData(), Nome(vecchio).constData()) != 0 &&
+            const bool conVecchio = QFileInfo(percorso).isFile();
+            if (conVecchio && ::link(Nome(percorso).constData(), Nome(vecchio).constData()) != 0 &&
                 !QFile::copy(percorso, vecchio))
                 throw ErroreFile(QFileDevice::CopyError, vecchio);
+            insieme.Nomi.append({QFileInfo(percorso).fileName(), conVecchio});
         }
-        {
-            QStringList nomi;
-            for (const QString& percorso : percorsi)
-                nomi << QFileInfo(percorso).fileName();
-            QSaveFile file(nota);
-            if (!file.open(QIODevice::WriteOnly)) throw ErroreFile(file.error(), nota);
-            file.write(nomi.join(u'\n').toUtf8() + '\n');
-            if (!file.commit()) throw ErroreFile(file.error(), nota);
-        }
-        Sincronizza(cartella);
-        for (const QString& percorso : percorsi) {
+        // From here the set is finished, now or by the next start.
+        ScriviNota(nota, insieme);
+        annotato = true;
+        for (const QString& percorso : percorsi)
             Rinomina(FileAParte(percorso), percorso);
-            messi << percorso;
-        }
-        Sincronizza(cartella);
+        Sincronizza(insieme.Cartella);
     } catch (...) {
-        annulla();
+        // Undone, and said so first: a kill while undoing is undone by the start.
+        if (annotato) {
+            insieme.Indietro = true;
+            try {
+                ScriviNota(nota, insieme);
+            } catch (const ErroreZanto&) {
+                // Undone all the same, here and now.
+            }
+            Indietro(insieme);
+        }
+        for (const QString& percorso : percorsi) {
+            QFile::remove(FileAParte(percorso));
+            QFile::remove(percorso + SuffissoVecchio);
+        }
+        QFile::remove(nota);
         throw;
     }
     for (const QString& percorso : percorsi)

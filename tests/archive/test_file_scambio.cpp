@@ -361,7 +361,8 @@ private slots:
         // Killed after the note, two of four in place: the start puts the rest.
         for (const QString& f : quattro)
             Scrivi(FileAParte(f), "nuovo");
-        Scrivi(NotaInsieme(quattro), "Prato.png\nPrato.pdf\nPrato.svg\nPrato.zanto\n../../fuori\n");
+        Scrivi(NotaInsieme(quattro),
+               "+Prato.png\n+Prato.pdf\n+Prato.svg\n+Prato.zanto\n-../../fuori\n");
         QVERIFY(QFile::copy(quattro.at(0), quattro.at(0) + QStringLiteral(".vecchio")));
         for (int k = 0; k < 2; ++k) {
             QFile::remove(quattro.at(k));
@@ -371,6 +372,23 @@ private slots:
         for (const QString& f : quattro)
             QCOMPARE(Leggi(f), QByteArray("nuovo"));
         QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files | QDir::Hidden).size(), 5);
+        // Killed while a failed set was being undone: the start undoes the rest.
+        // The PNG's old version is back already; the PDF had none.
+        QVERIFY(QFile::remove(quattro.at(1)));
+        for (const QString& f : quattro)
+            Scrivi(FileAParte(f), "nuovissimo");
+        QVERIFY(QFile::rename(FileAParte(quattro.at(1)), quattro.at(1)));
+        for (int k : {2, 3})
+            QVERIFY(QFile::copy(quattro.at(k), quattro.at(k) + QStringLiteral(".vecchio")));
+        Scrivi(NotaInsieme(quattro), "annulla\n+Prato.png\n-Prato.pdf\n+Prato.svg\n+Prato.zanto\n");
+        QVERIFY(QFile::remove(quattro.at(2)));
+        QVERIFY(QFile::rename(FileAParte(quattro.at(2)), quattro.at(2)));
+        CompletaFileInSospeso();
+        QCOMPARE(Leggi(quattro.at(0)), QByteArray("nuovo"));
+        QVERIFY(!QFile::exists(quattro.at(1)));
+        QCOMPARE(Leggi(quattro.at(2)), QByteArray("nuovo"));
+        QCOMPARE(Leggi(quattro.at(3)), QByteArray("nuovo"));
+        QCOMPARE(QDir(PercorsoFile()).entryList(QDir::Files | QDir::Hidden).size(), 4);
     }
 
     void un_import_su_un_disco_pieno_lo_dice_e_non_lascia_nulla() {
