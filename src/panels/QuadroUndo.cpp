@@ -14,6 +14,8 @@
 
 #include <QSlider>
 
+#include <algorithm>
+
 namespace {
 
 // The layout, in twips of the panel's client area.
@@ -32,8 +34,8 @@ constexpr int SinistraDisegno = SinistraScala + (LarghezzaScala - LarghezzaQuadr
 constexpr int AltoScritte = AltoScala + AltezzaScala + 30;
 constexpr int AltezzaScritte = 285;
 constexpr int LarghezzaScritta = 1500;
-// Narrower than the drawing screen by room for a window frame, so that the
-// panel placed on its client corner stays within it.
+// At least as wide as its strip; opened over the drawing screen it grows to
+// that screen's width (ApriQuadroUndo).
 constexpr int LarghezzaQuadro = SinistraScala + LarghezzaLinea;
 constexpr int AltezzaQuadro = AltoScritte + AltezzaScritte + 45;
 
@@ -232,9 +234,19 @@ void QuadroUndo::ClickTasto(int16_t indice) {
 }
 
 void ApriQuadroUndo() {
+    // The screen below, before the panel stands in front of it.
+    const FormScansione* sotto = FormScansione::InPrimoPiano();
     QuadroUndo quadro;
     quadro.AttivaQuadroUndo();
     // Over the canvas and the row of buttons: the step is seen at full size.
+    // It covers the screen's buttons on the right and at the bottom whole,
+    // frame included (the same window manager gives it the frame of the screen
+    // below), rather than leave a sliver of some showing.
+    if (sotto != nullptr) {
+        const QSize cornice = sotto->frameGeometry().size() - sotto->size();
+        quadro.setFixedSize(std::max(quadro.width(), sotto->width() - cornice.width()),
+                            std::max(quadro.height(), sotto->height() - cornice.height()));
+    }
     quadro.PosizionaSopra(0, 0);
     quadro.exec();
 }

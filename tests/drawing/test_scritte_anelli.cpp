@@ -129,6 +129,33 @@ private slots:
         QVERIFY(a->Corone.value(130)->isVisible());
     }
 
+    void la_linea_del_tempo_copre_intera_la_colonna_dei_tasti() {
+        Apri(4);
+        GuidaDisegno::Premi(a, 103);
+        GuidaDisegno::Premi(a, 117);
+        QList<int16_t> tagliati;
+        bool aperto = false;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            FormScansione* f = FormScansione::InPrimoPiano();
+            aperto = f != nullptr && f != a;
+            if (!aperto) return;
+            Schermata(f, QStringLiteral("linea-del-tempo"));
+            const QRect pannello = f->frameGeometry();
+            for (int16_t i = 101; i <= 133; ++i) {
+                const QWidget* t = a->Tasti.value(i);
+                const QRect tasto(t->mapToGlobal(QPoint(0, 0)), t->size());
+                // Each button is either under the panel whole or out of it whole.
+                if (pannello.intersects(tasto) && !pannello.contains(tasto)) tagliati << i;
+            }
+        });
+        c.Tasto(Qt::Key_Return); // the step in view
+        c.Tasto(Qt::Key_Return); // "Annulla" of the question: nothing changes
+        Scegli(118, c);
+        QVERIFY(aperto);
+        QVERIFY2(tagliati.isEmpty(), qPrintable(QString::number(tagliati.value(0))));
+    }
+
     void un_nuovo_disegno_non_mostra_il_nome_del_vecchio() {
         Apri(4);
         NomeDisegnoCorrente = QStringLiteral("Casa");
