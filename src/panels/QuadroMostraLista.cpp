@@ -184,6 +184,17 @@ void QuadroMostraLista::RiempiRighe() {
         tasto->setText(voce);
         tasto->setAccessibleName(LeggiEtichetta(voce).Nome);
     }
+    // An empty list of files to import says why nothing is there; the line is
+    // no entry and cannot be picked.
+    if (ListaVuotaDetta()) {
+        TastoZanto* tasto = Tasti.value(101);
+        tasto->setText(TestoListaScambiVuota);
+        tasto->setAccessibleName(TestoListaScambiVuota);
+    }
+}
+
+bool QuadroMostraLista::ListaVuotaDetta() const {
+    return TipoLista == 9 && NumeroVoci == 0;
 }
 
 QString QuadroMostraLista::NomeParlato(int16_t indice) const {
@@ -270,7 +281,7 @@ void QuadroMostraLista::Giu() {
 }
 
 void QuadroMostraLista::Riga(int16_t indice) {
-    if (Tasti.value(indice)->text().trimmed().isEmpty()) {
+    if (Tasti.value(indice)->text().trimmed().isEmpty() || ListaVuotaDetta()) {
         Bip();
         return;
     }

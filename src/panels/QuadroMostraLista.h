@@ -2,10 +2,16 @@
 
 #include "input/FormScansione.h"
 
+#include <QString>
+
 #include <cstdint>
 
 // (1) lets the New button act, (2) the Delete button; (3) is kept and unread.
 inline int16_t AbilitaTastiLista[4] = {0, 0, 0, 0};
+
+// The first line of a list of drawings to import when the files folder holds none.
+inline const QString TestoListaScambiVuota =
+    QStringLiteral("(nessun File di Disegno da importare)");
 
 // The one chooser of the program: twenty lines of the list at a time, up and
 // down by one line, confirm, new folder, delete, back. The highlight is the
@@ -31,6 +37,8 @@ public:
     uint32_t ColoreTasto(int16_t indice) const;
 
 private:
+    // Is the list one of files to import with none to show? Its first line says so.
+    bool ListaVuotaDetta() const;
     void RiempiRighe();
     void ColoraTasto(int16_t indice, uint32_t rgb);
     void Su();

@@ -1,0 +1,92 @@
+// The list of drawings to import, as a new user finds it with nothing in the
+// files folder: its first line says so and cannot be picked; with a file there
+// the line is the file's.
+#include "archive/Archivi.h"
+#include "archive/FileScambio.h"
+#include "panels/Elaborazioni.h"
+#include "panels/ProvaPannello.h"
+#include "panels/QuadroMostraLista.h"
+#include "start/Bip.h"
+#include "start/Configurazione.h"
+#include "support/AmbienteProva.h"
+#include "support/OrologioVirtuale.h"
+
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+QuadroMostraLista* Lista() {
+    return PannelloDavanti<QuadroMostraLista>();
+}
+
+} // namespace
+
+class ProvaListaScambiVuota : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<AmbienteProva> amb;
+    std::unique_ptr<OrologioVirtuale> orologio;
+
+    bool Apri(Copione& c) {
+        c.Esegui([] {
+            if (QuadroMostraLista* l = Lista()) l->ClickTasto(125);
+        });
+        return EseguiNelPannello(c, [] { ScegliDaLista(); });
+    }
+
+private slots:
+    void init() {
+        amb = std::make_unique<AmbienteProva>();
+        amb->ApriArchivi();
+        orologio = std::make_unique<OrologioVirtuale>();
+        ModalitàFunzionamento = 4;
+        TipoLista = 9;
+    }
+    void cleanup() {
+        orologio.reset();
+        amb.reset();
+    }
+
+    void vuota_lo_dice_e_la_riga_non_si_sceglie() {
+        QString prima, seconda, detta;
+        int16_t scelta = -1;
+        int bip = 0;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            prima = Lista()->Tasti.value(101)->text();
+            seconda = Lista()->Tasti.value(102)->text();
+            detta = Lista()->NomeParlato(101);
+            bip = ContatoreBip;
+            Lista()->ClickTasto(101);
+            scelta = Lista()->RigaScelta;
+            bip = ContatoreBip - bip;
+        });
+        QVERIFY(Apri(c));
+        QCOMPARE(prima, TestoListaScambiVuota);
+        QCOMPARE(detta, TestoListaScambiVuota);
+        QCOMPARE(seconda, QString());
+        QCOMPARE(scelta, int16_t(0));
+        QCOMPARE(bip, 1);
+        QVERIFY(VoceScelta.isEmpty());
+    }
+
+    void con_un_file_la_riga_e_il_file() {
+        QDir().mkpath(PercorsoFile());
+        QFile f(PercorsoFile() + QStringLiteral("/casa") + EstensioneScambio);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("x");
+        f.close();
+        QString prima;
+        Copione c(*orologio);
+        c.Esegui([&] { prima = Lista()->Tasti.value(101)->text(); });
+        QVERIFY(Apri(c));
+        QVERIFY2(prima.startsWith(QStringLiteral("casa")), qPrintable(prima));
+    }
+};
+
+QTEST_MAIN(ProvaListaScambiVuota)
+#include "test_lista_scambi_vuota.moc"
