@@ -9,6 +9,7 @@
 #include "start/Misure.h"
 #include "start/ScrittaModulo.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFrame>
 #include <QKeyEvent>
@@ -85,6 +86,9 @@ void SceltaStampanti::AttivaSceltaStampanti() {
     // The printer a page goes to now, until a choice is made.
     ScrittaStampanteAttiva->setText(StampanteScelta.isEmpty() ? StampanteInUso() : StampanteScelta);
     RiempiLista();
+    // The line current from the start is that printer's, where the list has it.
+    const auto attiva = ListaStampanti->findItems(ScrittaStampanteAttiva->text(), Qt::MatchExactly);
+    if (!attiva.isEmpty()) ListaStampanti->setCurrentItem(attiva.first());
     attivando_ = false;
     ListaStampanti->setFocus(Qt::OtherFocusReason);
     // The list shows what the print service said last; its new answer,
@@ -155,6 +159,36 @@ bool SceltaStampanti::eventFilter(QObject* oggetto, QEvent* evento) {
         }
     }
     return QDialog::eventFilter(oggetto, evento);
+}
+
+void SceltaStampanti::keyPressEvent(QKeyEvent* evento) {
+    // The keys of the list work wherever the focus stands on the form (a window
+    // manager, or none, may have left it off the list). A key the list leaves
+    // comes back up here: it is not sent again.
+    static bool inoltrando = false;
+    if (inoltrando) {
+        evento->accept();
+        return;
+    }
+    switch (evento->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        ListaStampanti->setFocus(Qt::OtherFocusReason);
+        inoltrando = true;
+        QCoreApplication::sendEvent(ListaStampanti, evento);
+        inoltrando = false;
+        evento->accept();
+        return;
+    default:
+        QDialog::keyPressEvent(evento);
+    }
 }
 
 bool ApriSceltaStampanti(QWidget* sopra) {

@@ -97,8 +97,9 @@ private slots:
         }));
         QCOMPARE(titolo, QStringLiteral("Programma «ZANTO» - SCELTA STAMPANTE"));
         QCOMPARE(righe, Sistema);
-        QCOMPARE(corrente, 0);
-        // Nothing chosen yet: the label shows the system's printer, not the first line.
+        // Nothing chosen yet: the label shows the system's printer, not the first
+        // line, and its line is the current one.
+        QCOMPARE(corrente, 1);
         QCOMPARE(etichetta, QStringLiteral("Aula 2"));
         QCOMPARE(StampanteScelta, QString());
     }
@@ -135,6 +136,32 @@ private slots:
         }));
         QCOMPARE(StampanteScelta, QStringLiteral("Ufficio"));
         QCOMPARE(StampanteArchiviata(), QStringLiteral("Ufficio"));
+    }
+
+    void invio_e_frecce_anche_con_il_fuoco_fuori_dalla_lista() {
+        ConfigurazioniGenerali* c = Configurazioni();
+        int corrente = -1;
+        QString dopoFreccia;
+        QVERIFY(Scegli(c, [&](SceltaStampanti* d) {
+            // The keys come to the form itself, as when nothing gave the list the focus.
+            d->ListaStampanti->clearFocus();
+            corrente = d->ListaStampanti->currentRow();
+            Premi(d, Qt::Key_Down);
+            dopoFreccia = d->ScrittaStampanteAttiva->text();
+            Premi(d, Qt::Key_Return);
+        }));
+        QCOMPARE(corrente, 1);
+        QCOMPARE(dopoFreccia, QStringLiteral("Casa « PDF »"));
+        QCOMPARE(StampanteScelta, QStringLiteral("Casa « PDF »"));
+        QCOMPARE(StampanteArchiviata(), QStringLiteral("Casa « PDF »"));
+        // Esc there is "Annulla".
+        bool alzata = false;
+        QVERIFY(Scegli(c, [&](SceltaStampanti* d) {
+            d->ListaStampanti->clearFocus();
+            Premi(d, Qt::Key_Escape);
+            alzata = d->Annullata;
+        }));
+        QVERIFY(alzata);
     }
 
     void il_tasto_di_conferma_ripete_il_nome_dell_etichetta() {
@@ -224,7 +251,8 @@ private slots:
             etichetta = d->ScrittaStampanteAttiva->text();
         }));
         QVERIFY(ancoraAperta);
-        QCOMPARE(etichetta, QStringLiteral("Aula 2"));
+        // The line after the active printer's, as the arrow left it.
+        QCOMPARE(etichetta, QStringLiteral("Casa « PDF »"));
         QCOMPARE(StampanteScelta, QString());
     }
 
