@@ -27,14 +27,17 @@ namespace {
 
 // A name as long as a line of the lists.
 constexpr int16_t LunghezzaNome = 40;
+const QString NomeEsportato = QStringLiteral("Nome del Disegno Esportato");
+const QString NomeImportato = QStringLiteral("Nome del Disegno Importato");
 
-// A name written on an empty keyboard; empty when the keyboard was left
-// without one. A name made only of blanks is refused with a beep.
-QString NomeSullaTastiera() {
+// A name written on an empty keyboard, whose title says what it names; empty
+// when the keyboard was left without one. A name made only of blanks is
+// refused with a beep.
+QString NomeSullaTastiera(const QString& cosa) {
     for (;;) {
         NumeroRigheScritte = 0;
         RigheScritte = QStringList{QString()};
-        if (ScriviTesto(LunghezzaNome) == 0 || NumeroRigheScritte == 0) return {};
+        if (ScriviTesto(LunghezzaNome, cosa) == 0 || NumeroRigheScritte == 0) return {};
         const QString nome = PulisciTesto(RigheScritte.at(1));
         if (!nome.isEmpty()) return nome;
         Bip();
@@ -79,7 +82,7 @@ void QuadroSettaggi::Esporta() {
     }
     QString nome = PulisciTesto(NomeDisegnoCorrente);
     const bool conNome = !nome.isEmpty();
-    if (!conNome) nome = NomeSullaTastiera();
+    if (!conNome) nome = NomeSullaTastiera(NomeEsportato);
     FileEsportati file;
     for (;;) {
         // Left without a name, the ring stands still until the next pick.
@@ -94,7 +97,7 @@ void QuadroSettaggi::Esporta() {
                         QStringLiteral(" »."),
                     QStringLiteral("Scrivere un altro nome per il Disegno esportato."),
                     QStringLiteral("Premere «OK» per continuare!")});
-            nome = NomeSullaTastiera();
+            nome = NomeSullaTastiera(NomeEsportato);
             continue;
         }
         ParcheggiaMouse();
@@ -105,7 +108,7 @@ void QuadroSettaggi::Esporta() {
                              QStringLiteral("per scegliere un altro nome.")}),
                       2, 3);
         if (esito == 1) break;
-        nome = NomeSullaTastiera();
+        nome = NomeSullaTastiera(NomeEsportato);
     }
     PuntatoreClessidra();
     bool scritto = false;
@@ -176,7 +179,7 @@ void QuadroSettaggi::Importa() {
                     QStringLiteral("un Disegno di nome « ") + nome + QStringLiteral(" »."),
                     QStringLiteral("Scrivere un altro nome per il Disegno importato."),
                     QStringLiteral("Premere «OK» per continuare!")});
-        nome = NomeSullaTastiera();
+        nome = NomeSullaTastiera(NomeImportato);
         // Left without a name, the ring stands still until the next pick.
         if (nome.isEmpty()) return;
     }

@@ -401,18 +401,20 @@ private slots:
         QVERIFY(QFile::exists(Percorso(QStringLiteral("PRATO.pdf"))));
         // The same name again: the question, "Annulla" holding the ring, then
         // another name on the keyboard.
-        QString domanda;
+        QString domanda, tastiera;
         Copione c(*orologio);
         Scegli(c, 146);
         c.Tasto(Qt::Key_Return);
         ScriviConLeFrecce(c, QStringLiteral("PRATO"));
         c.Esegui([&] { domanda = TestoQuadroMessaggi; });
         c.Tasto(Qt::Key_Return);
+        c.Esegui([&] { tastiera = FormScansione::InPrimoPiano()->windowTitle(); });
         ScriviConLeFrecce(c, QStringLiteral("BOSCO"));
         c.Tasto(Qt::Key_Return);
         Scegli(c, 140);
         Settaggi(c);
         QVERIFY2(domanda.contains(QStringLiteral("è già stato esportato.")), qPrintable(domanda));
+        QCOMPARE(tastiera, QStringLiteral("Programma «ZANTO»  -  Nome del Disegno Esportato"));
         QVERIFY(QFile::exists(Percorso(QStringLiteral("BOSCO.zanto"))));
         // A name that could lead out of the folder stays inside it.
         QVERIFY(Esporta(QStringLiteral("../FUORI")).contains(QStringLiteral("(.png")));
@@ -497,14 +499,16 @@ private slots:
         QVERIFY(luna.save(figura_));
         const QByteArray diversa = Leggi(figura_);
         Importa(QStringLiteral("Giardino.zanto"), [](Copione& c) { c.Tasto(Qt::Key_Return); });
-        QString avviso;
+        QString avviso, tastiera;
         Importa(QStringLiteral("Giardino.zanto"), [&](Copione& c) {
             c.Esegui([&] { avviso = TestoQuadroMessaggi; });
             c.Tasto(Qt::Key_Return);
+            c.Esegui([&] { tastiera = FormScansione::InPrimoPiano()->windowTitle(); });
             ScriviConLeFrecce(c, QStringLiteral("ORTO"));
             c.Tasto(Qt::Key_Return);
         });
         QVERIFY2(avviso.contains(QStringLiteral("c'è già")), qPrintable(avviso));
+        QCOMPARE(tastiera, QStringLiteral("Programma «ZANTO»  -  Nome del Disegno Importato"));
         const int32_t orto = CercaNomeDisegno(QStringLiteral("ORTO"), CodiceCartellaAttiva);
         QVERIFY(orto > 0);
         QCOMPARE(Leggi(figura_), diversa);
