@@ -69,6 +69,7 @@ private slots:
         const QRect destro = a->Tasti.value(104)->geometry();
         QVERIFY(a->Corone.value(104)->geometry().left() < sinistro.right());
         const QPoint inMezzo((sinistro.right() + destro.left()) / 2, sinistro.center().y());
+        Schermata(a, QStringLiteral("anelli-larghi"));
         QCOMPARE(Pixel(a, inMezzo), 0x00FF00u);
         QVERIFY(a->Corone.value(104)->isVisible());
     }

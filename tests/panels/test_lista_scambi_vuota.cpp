@@ -10,6 +10,7 @@
 #include "start/Configurazione.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
+#include "support/Sonde.h"
 
 #include <QDir>
 #include <QFile>
@@ -60,6 +61,7 @@ private slots:
             prima = Lista()->Tasti.value(101)->text();
             seconda = Lista()->Tasti.value(102)->text();
             detta = Lista()->NomeParlato(101);
+            Schermata(Lista(), QStringLiteral("importa-lista-vuota"));
             bip = ContatoreBip;
             Lista()->ClickTasto(101);
             scelta = Lista()->RigaScelta;
