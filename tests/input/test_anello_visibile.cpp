@@ -2,6 +2,7 @@
 // high-contrast scheme, on the main menu's rings, the keyboard's rings and the
 // list's highlight; chosen on the configuration form and kept in the archive.
 // At their defaults the rings are as they always were.
+#include "drawing/GuidaDisegno.h"
 #include "input/ConfigurazioniGenerali.h"
 #include "input/FormScansione.h"
 #include "input/QuadroMessaggi.h"
@@ -99,6 +100,8 @@ private slots:
     void cleanup() {
         LarghezzaAnello = 1;
         AltoContrasto = 0;
+        DistruggiAmbienteDisegno();
+        ScalaInterfaccia = 1.0; // as every test starts, also after a failure
         Libera();
     }
 
@@ -158,7 +161,6 @@ private slots:
     void alto_contrasto_l_anello_si_stacca_da_ogni_modulo() {
         QFETCH(int, larghezza);
         QFETCH(double, scala);
-        const double scalaPrima = ScalaInterfaccia;
         ScalaInterfaccia = scala;
         LarghezzaAnello = int16_t(larghezza);
         AltoContrasto = 1;
@@ -170,9 +172,7 @@ private slots:
         QuadroMessaggi messaggi;
         messaggi.AttivaQuadroMessaggi();
         messaggi.AggiornaCorone();
-        const QList<std::pair<const char*, FormScansione*>> forms{
-            {"menu", menu}, {"tastiera", &tastiera}, {"messaggi", &messaggi}};
-        for (const auto& [nome, form] : forms) {
+        const auto verifica = [menu](const char* nome, FormScansione* form) {
             const AnelloVisto a = Guarda(*form);
             QVERIFY2(a.Banda > 0, nome);
             // The menu has room round its buttons: there the ring shows whole.
@@ -191,8 +191,14 @@ private slots:
                                     .arg(QString::fromLatin1(nome))
                                     .arg(a.Orlo)
                                     .arg(a.Banda)));
-        }
-        ScalaInterfaccia = scalaPrima;
+        };
+        verifica("menu", menu);
+        verifica("tastiera", &tastiera);
+        verifica("messaggi", &messaggi);
+        // The drawing screen, grey, in place of the menu.
+        AmbienteDisegno* disegno = GuidaDisegno::Apri(4);
+        QVERIFY(disegno != nullptr);
+        verifica("disegno", disegno);
     }
 
     void alto_contrasto_su_un_modulo_scuro_l_orlo_e_giallo() {
