@@ -375,13 +375,8 @@ class ProvaTabellaComandi : public QObject {
         }
         if (apre == Pannello::Direzione && modo != 4) {
             if (dentro) c.Esegui(dentro);
+            // "Chiudi" as the first answer ends the edit command at once.
             ChiudiDirezione(c);
-            if (modo != 3) {
-                // "Chiudi" as the first answer walks on with no step: the choice
-                // key stops it and the panel, on "Chiudi" again, ends it.
-                c.Tasto(Qt::Key_Return);
-                c.Tasto(Qt::Key_Return);
-            }
         }
         if (apre == Pannello::Direzione && !lasciaAperto && modo >= 3) {
             c.Tasto(Qt::Key_Return); // the red button, under the ring
