@@ -440,6 +440,8 @@ void FormScansione::Filtra(QObject* radice) {
 void FormScansione::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
     Filtra(this);
+    // Shown again, this screen is in front: nothing of it stays covered.
+    anelloCoperto_ = false;
     // The screens below hold their rings while this one stands above them.
     for (FormScansione* sotto : std::as_const(FormAperti())) {
         if (sotto == this) continue;
