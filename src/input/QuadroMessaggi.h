@@ -36,13 +36,12 @@ private:
 };
 
 // What a button that is there for later versions says when it is chosen. The
-// project has no assistance service to name: no address and no number follow.
+// project has no assistance service to name, so the message does not send the
+// user to one.
 inline const QString TestoTastoNonOperativo =
     QStringLiteral("ATTENZIONE!\rIl presente Tasto NON è attualmente operativo!\r"
                    "E' stato inserito per compatibilità con future\r"
                    "versioni del Programma ZANTO.\r"
-                   "E' possibile richiedere informazioni al Centro\r"
-                   "Assistenza scrivendo al seguente indirizzo E-Mail:\r"
                    "Premere «OK» per proseguire!");
 
 // Opens the panel with the globals as they stand, waits for the answer and

@@ -360,8 +360,6 @@ private slots:
                               QStringLiteral("Il presente Tasto NON è attualmente operativo!"),
                               QStringLiteral("E' stato inserito per compatibilità con future"),
                               QStringLiteral("versioni del Programma ZANTO."),
-                              QStringLiteral("E' possibile richiedere informazioni al Centro"),
-                              QStringLiteral("Assistenza scrivendo al seguente indirizzo E-Mail:"),
                               QStringLiteral("Premere «OK» per proseguire!")}));
     }
 
