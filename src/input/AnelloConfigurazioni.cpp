@@ -52,11 +52,6 @@ void AnelloConfigurazioni::PrimaAttivazione() {
 }
 
 void AnelloConfigurazioni::Riprendi() {
-    if (!isVisible()) return;
-    if (ModalitàFunzionamento == 1 || ModalitàFunzionamento == 2) {
-        Motore.AvviaScansione();
-    } else {
-        Motore.FermaScansione();
-        AggiornaCorone();
-    }
+    // As after any command: walking in modes 1 and 2, still and shown otherwise.
+    DopoErrore();
 }

@@ -6,6 +6,7 @@
 
 #include "PilotaRegistraDisegno.h"
 
+#include "AvvioPilota.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
@@ -36,20 +37,8 @@ int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
     if (argc != 2) return 5;
     const int32_t giro = std::atoi(argv[1]);
-    // Any box is a failure of the test: say why and stop.
-    MostraScatolaPiattaforma = [](IconaScatola, const QString&, const QString& testo) {
-        std::fprintf(stderr, "%s\n", qPrintable(QString(testo).replace(QChar(u'\r'), u' ')));
-        std::fflush(stderr);
-        std::_Exit(2);
-    };
     SondaRegistraDisegno = [](int16_t sezione) { Segnala(PilotaRegistraDisegno::FaseDi(sezione)); };
-    CalcolaRadiceDati();
-    try {
-        ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
-    } catch (const ErroreZanto& e) {
-        std::fprintf(stderr, "%d %s\n", e.Numero, qPrintable(e.Descrizione));
-        return 2;
-    }
+    if (!AvviaPilota()) return 2;
     Superficie quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
     for (int32_t salvataggio = 1;; ++salvataggio) {
         using namespace PilotaRegistraDisegno;

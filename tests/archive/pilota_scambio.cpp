@@ -5,6 +5,7 @@
 
 #include "PilotaScambio.h"
 
+#include "AvvioPilota.h"
 #include "archive/Archivi.h"
 #include "archive/FileScambio.h"
 #include "archive/ImportaScambio.h"
@@ -28,19 +29,7 @@ int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
     if (argc != 2) return 5;
     const int32_t giro = std::atoi(argv[1]);
-    // Any box is a failure of the test: say why and stop.
-    MostraScatolaPiattaforma = [](IconaScatola, const QString&, const QString& testo) {
-        std::fprintf(stderr, "%s\n", qPrintable(QString(testo).replace(QChar(u'\r'), u' ')));
-        std::fflush(stderr);
-        std::_Exit(2);
-    };
-    CalcolaRadiceDati();
-    try {
-        ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni());
-    } catch (const ErroreZanto& e) {
-        std::fprintf(stderr, "%d %s\n", e.Numero, qPrintable(e.Descrizione));
-        return 2;
-    }
+    if (!AvviaPilota()) return 2;
     CodiceCartellaAttiva = 1;
     NomeCartellaAttiva = NomiArchivi::CartellaSistemaDisegni;
     const QString sorgenti = RadiceDati + u'/' + PilotaScambio::CartellaSorgenti;

@@ -4,6 +4,7 @@
 #include "archive/Archivi.h"
 #include "archive/FileScambio.h"
 #include "panels/Elaborazioni.h"
+#include "panels/ProvaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroMostraLista.h"
 #include "start/Bip.h"
@@ -18,26 +19,13 @@
 
 #include <memory>
 
-namespace {
-
-QuadroMostraLista* Lista() {
-    return PannelloDavanti<QuadroMostraLista>();
-}
-
-} // namespace
-
 class ProvaListaScambiVuota : public QObject {
     Q_OBJECT
 
     std::unique_ptr<AmbienteProva> amb;
     std::unique_ptr<OrologioVirtuale> orologio;
 
-    bool Apri(Copione& c) {
-        c.Esegui([] {
-            if (QuadroMostraLista* l = Lista()) l->ClickTasto(125);
-        });
-        return EseguiNelPannello(c, [] { ScegliDaLista(); });
-    }
+    bool Apri(Copione& c) { return ApriLista(c); }
 
 private slots:
     void init() {

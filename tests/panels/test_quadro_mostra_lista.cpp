@@ -5,6 +5,7 @@
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
+#include "panels/ProvaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroMostraLista.h"
 #include "start/Avvio.h"
@@ -53,10 +54,6 @@ void ScriviFile(const QString& percorso) {
     f.write("x");
 }
 
-QuadroMostraLista* Lista() {
-    return PannelloDavanti<QuadroMostraLista>();
-}
-
 QString Riga(int16_t indice) {
     return Lista()->Tasti.value(indice)->text();
 }
@@ -75,13 +72,7 @@ class ProvaQuadroMostraLista : public QObject {
     std::unique_ptr<AmbienteProva> amb;
     std::unique_ptr<OrologioVirtuale> orologio;
 
-    // A script that leaves the list open goes back from it at the end.
-    bool Apri(Copione& c) {
-        c.Esegui([] {
-            if (QuadroMostraLista* l = Lista()) l->ClickTasto(125);
-        });
-        return EseguiNelPannello(c, [] { ScegliDaLista(); });
-    }
+    bool Apri(Copione& c) { return ApriLista(c); }
 
 private slots:
     void init() {
