@@ -80,7 +80,7 @@ RigaDanneggiata DescriviRiga(const QSqlQuery& q) {
     const QVariant codice = q.value(0);
     if (TipoIntero(codice)) d.Codice = codice.toLongLong();
     const QVariant nome = q.value(1);
-    if (nome.typeId() == QMetaType::QString) d.Nome = nome.toString().left(64);
+    if (nome.typeId() == QMetaType::QString) d.Nome = nome.toString();
     return d;
 }
 

@@ -32,8 +32,12 @@ void NuovaStoria() {
 } // namespace
 
 bool ComandiFile::NomeGiaUsato(const QString& nome) {
-    for (const RigaArchivio& riga : DisegniDellaCartella(CodiceCartellaAttiva))
+    QList<RigaDanneggiata> danneggiate;
+    for (const RigaArchivio& riga : DisegniDellaCartella(CodiceCartellaAttiva, &danneggiate))
         if (StessoNome(riga.Nome, nome)) return true;
+    // A damaged row still holds its name: a new drawing must not take it too.
+    for (const RigaDanneggiata& riga : danneggiate)
+        if (!riga.Nome.isEmpty() && StessoNome(riga.Nome, nome)) return true;
     return false;
 }
 

@@ -45,7 +45,7 @@ void AvvisaDanneggiate(const QList<RigaDanneggiata>& danneggiate, const QString&
         const RigaDanneggiata& d = danneggiate.at(i);
         QString riga = genere;
         if (!d.Nome.trimmed().isEmpty())
-            riga += QStringLiteral(" « ") + d.Nome + QStringLiteral(" »");
+            riga += QStringLiteral(" « ") + d.Nome.left(64) + QStringLiteral(" »");
         if (d.Codice != 0) riga += QStringLiteral(" (codice ") + QString::number(d.Codice) + ')';
         righe.append(riga + QStringLiteral(" è danneggiato."));
     }

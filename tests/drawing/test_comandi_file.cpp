@@ -496,6 +496,7 @@ private slots:
         QSqlQuery q(Archivio(ArchivioDisegni));
         QVERIFY(q.exec("INSERT INTO TabDisegni VALUES (5, 'BUONO', 1)"));
         QVERIFY(q.exec("INSERT INTO TabDisegni VALUES (6, x'00ff', 1)"));
+        QVERIFY(q.exec("INSERT INTO TabDisegni VALUES (-5, 'ROTTO', 1)"));
         Apri(4);
         Rettangolo(0);
         QString avviso, riga;
@@ -507,10 +508,20 @@ private slots:
         c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Return);
         PremiCon(130, c);
         QCOMPARE(avviso,
-                 QStringLiteral("ATTENZIONE!\rIl Disegno (codice 6) è danneggiato.\rNon può "
-                                "essere letto: gli altri sono in elenco.\rPremere «OK» "
-                                "per proseguire!"));
+                 QStringLiteral("ATTENZIONE!\rIl Disegno « ROTTO » (codice -5) è danneggiato.\rIl "
+                                "Disegno (codice 6) è danneggiato.\rNon possono essere "
+                                "letti: gli altri sono in elenco.\rPremere «OK» per "
+                                "proseguire!"));
         QCOMPARE(LeggiEtichetta(riga).Nome, QStringLiteral("BUONO"));
+        // The damaged drawing keeps its name: no new one takes it.
+        QString gia;
+        Copione d(*orologio);
+        d.Tasto(Qt::Key_Return);
+        ScriviConLeFrecce(d, QStringLiteral("ROTTO"));
+        d.Esegui([&] { gia = TestoQuadroMessaggi; }).Tasto(Qt::Key_Return);
+        d.Tasto(Qt::Key_Down).Tasto(Qt::Key_Return); // cancel on the keyboard
+        PremiCon(131, d);
+        QVERIFY(gia.contains(QStringLiteral("Il Nome del Disegno è già esistente!")));
         Salva(QStringLiteral("NUOVO"));
         QCOMPARE(NomeDisegnoCorrente, QStringLiteral("NUOVO"));
         QVERIFY(CodiceDisegnoCorrente != 0);
