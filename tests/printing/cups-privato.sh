@@ -15,6 +15,10 @@ ferma() {
     kill "$(cat "$R/cupsd.pid")" 2>/dev/null || true
     rm -f "$R/cupsd.pid"
   fi
+  if [[ -f "$R/lavoro" ]]; then
+    rm -rf "$(cat "$R/lavoro")"
+    rm -f "$R/lavoro"
+  fi
 }
 
 case "$azione" in
@@ -39,15 +43,23 @@ for f in Generic-PDF_Printer-PDF.ppd Fuji_Xerox-DocuPrint_CM305_df-PDF.ppd; do
 done
 
 rm -rf "$R/etc" "$R/spool" "$R/cache" "$R/state" "$R/tmp" "$R/log" "$R/bin" "$R/uscita"
-mkdir -p "$R"/{etc/ppd,spool,cache,state,tmp,log,bin/backend,uscita}
+# The filters run as the scheduler's unprivileged user, who must reach the
+# programs, the printer descriptions and the job files: those live in a folder
+# of their own that anyone may enter, since the build folder may stand under
+# one that only its owner may (a fresh clone in a private temporary folder).
+# The socket, the log and the pages stay here.
+L="$(mktemp -d "${TMPDIR:-/tmp}/zanto-cups.XXXXXX")"
+chmod 755 "$L"
+printf '%s\n' "$L" >"$R/lavoro"
+mkdir -p "$L"/{etc/ppd,spool,cache,state,tmp,bin/backend} "$R"/{log,uscita}
 # The backend runs as the scheduler's own user, not as us.
-chmod 777 "$R/tmp" "$R/uscita"
+chmod 777 "$L/tmp" "$R/uscita"
 
 # The system's filters and helpers, and our one backend.
 for d in filter daemon notifier cgi-bin monitor driver; do
-  [[ -e "/usr/lib/cups/$d" ]] && ln -s "/usr/lib/cups/$d" "$R/bin/$d"
+  [[ -e "/usr/lib/cups/$d" ]] && ln -s "/usr/lib/cups/$d" "$L/bin/$d"
 done
-cat >"$R/bin/backend/zantopdf" <<'BACKEND'
+cat >"$L/bin/backend/zantopdf" <<'BACKEND'
 #!/bin/sh
 # Without arguments a backend tells what devices it serves.
 if [ $# -eq 0 ]; then
@@ -72,9 +84,9 @@ mv "$tmp" "$dest/lavoro-$1.pdf"
 BACKEND
 # Not world-executable: the scheduler runs it as its own user (root when it
 # is root), who can reach the build folder whatever the folders above allow.
-chmod 700 "$R/bin/backend/zantopdf"
+chmod 700 "$L/bin/backend/zantopdf"
 
-cat >"$R/etc/cupsd.conf" <<CONF
+cat >"$L/etc/cupsd.conf" <<CONF
 Listen $R/cups.sock
 LogLevel info
 Browsing No
@@ -94,22 +106,22 @@ DefaultAuthType None
   </Limit>
 </Policy>
 CONF
-cat >"$R/etc/cups-files.conf" <<CONF
-ServerRoot $R/etc
-ServerBin $R/bin
-RequestRoot $R/spool
-CacheDir $R/cache
-StateDir $R/state
-TempDir $R/tmp
+cat >"$L/etc/cups-files.conf" <<CONF
+ServerRoot $L/etc
+ServerBin $L/bin
+RequestRoot $L/spool
+CacheDir $L/cache
+StateDir $L/state
+TempDir $L/tmp
 AccessLog $R/log/access_log
 ErrorLog $R/log/error_log
 PageLog $R/log/page_log
 CONF
 
 # Without -f cupsd returns once it listens.
-"$cupsd_bin" -c "$R/etc/cupsd.conf" -s "$R/etc/cups-files.conf"
-pgrep -f -n "cupsd -C $R/etc/cupsd.conf" >"$R/cupsd.pid" ||
-  pgrep -f -n "cupsd -c $R/etc/cupsd.conf" >"$R/cupsd.pid"
+"$cupsd_bin" -c "$L/etc/cupsd.conf" -s "$L/etc/cups-files.conf"
+pgrep -f -n "cupsd -C $L/etc/cupsd.conf" >"$R/cupsd.pid" ||
+  pgrep -f -n "cupsd -c $L/etc/cupsd.conf" >"$R/cupsd.pid"
 
 export CUPS_SERVER="$R/cups.sock"
 # lpadmin warns that printer drivers are deprecated; they are what most printers still have.
