@@ -1,6 +1,5 @@
 #include "archive/FileScambio.h"
 
-#include "archive/ImportaScambio.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
 #include "archive/Schema.h"
@@ -9,6 +8,7 @@
 #include "model/TracciaAzioni.h"
 #include "start/FileRegolari.h"
 #include "start/MappaErrori.h"
+#include "start/Utilita.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -309,4 +309,44 @@ ContenutoScambio LeggiFileScambio(const QString& percorso) {
     }
     ControllaDisegnoScambiabile(letto);
     return letto;
+}
+
+namespace {
+
+// The pictures the program reads; any other name is given one of these.
+bool EstensioneNota(const QString& suffisso) {
+    static const QStringList note = {QStringLiteral("bmp"), QStringLiteral("jpg"),
+                                     QStringLiteral("jpeg"), QStringLiteral("png"),
+                                     QStringLiteral("gif")};
+    return note.contains(suffisso.toLower());
+}
+
+} // namespace
+
+QString NomeImmagineSicuro(const QString& nomeNelFile) {
+    // Whatever separators the name holds, only its last part counts.
+    QString nome = nomeNelFile;
+    nome.replace(QChar(u'\\'), QChar(u'/'));
+    nome = nome.section(QChar(u'/'), -1);
+    QString base = QFileInfo(nome).completeBaseName();
+    QString suffisso = QFileInfo(nome).suffix();
+    if (!EstensioneNota(suffisso)) suffisso = QStringLiteral("png");
+    base = NomeSicuro(base, 0);
+    if (base.startsWith(QChar(u'~')) || base.isEmpty()) base = QStringLiteral("immagine");
+    return base + u'.' + suffisso;
+}
+
+QString NomeDisegnoPulito(const QString& nome) {
+    // What no key of the keyboard writes becomes a blank: controls, NUL among
+    // them, marks of format and halves of characters.
+    QString pulito = nome;
+    for (QChar& c : pulito) {
+        const QChar::Category categoria = c.category();
+        if (categoria == QChar::Other_Control || categoria == QChar::Other_Format ||
+            categoria == QChar::Other_Surrogate || categoria == QChar::Other_NotAssigned ||
+            categoria == QChar::Other_PrivateUse || categoria == QChar::Separator_Line ||
+            categoria == QChar::Separator_Paragraph || c == QChar(u'\t'))
+            c = QChar(u' ');
+    }
+    return PulisciTesto(PulisciTesto(pulito).left(LunghezzaNomeDisegno));
 }

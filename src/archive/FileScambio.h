@@ -54,3 +54,15 @@ void ControllaDisegnoScambiabile(const ContenutoScambio& contenuto);
 // A damaged, truncated or hostile file, or one of a newer version, throws
 // ScambioRifiutato.
 ContenutoScambio LeggiFileScambio(const QString& percorso);
+
+// The file name a picture of a drawing that travels is given in the files
+// folder: the last part of its name, made safe, with a picture's extension.
+QString NomeImmagineSicuro(const QString& nomeNelFile);
+
+// A drawing's name as long as a line of the lists.
+inline constexpr qsizetype LunghezzaNomeDisegno = 40;
+
+// The name a drawing that travels brings, cleaned as the keyboard's names
+// are: no controls (NUL among them) or line ends, blanks made one and
+// trimmed, at most LunghezzaNomeDisegno characters. Empty when nothing is left.
+QString NomeDisegnoPulito(const QString& nome);

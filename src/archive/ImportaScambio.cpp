@@ -27,47 +27,11 @@
 
 namespace {
 
-// The pictures the program reads; any other name is given one of these.
-bool EstensioneNota(const QString& suffisso) {
-    static const QStringList note = {QStringLiteral("bmp"), QStringLiteral("jpg"),
-                                     QStringLiteral("jpeg"), QStringLiteral("png"),
-                                     QStringLiteral("gif")};
-    return note.contains(suffisso.toLower());
-}
-
 QByteArray Contenuto(const QString& percorso, qsizetype dimensione) {
     return LeggiFileRegolare(percorso, dimensione).value_or(QByteArray());
 }
 
 } // namespace
-
-QString NomeImmagineSicuro(const QString& nomeNelFile) {
-    // Whatever separators the name holds, only its last part counts.
-    QString nome = nomeNelFile;
-    nome.replace(QChar(u'\\'), QChar(u'/'));
-    nome = nome.section(QChar(u'/'), -1);
-    QString base = QFileInfo(nome).completeBaseName();
-    QString suffisso = QFileInfo(nome).suffix();
-    if (!EstensioneNota(suffisso)) suffisso = QStringLiteral("png");
-    base = NomeSicuro(base, 0);
-    if (base.startsWith(QChar(u'~')) || base.isEmpty()) base = QStringLiteral("immagine");
-    return base + u'.' + suffisso;
-}
-
-QString NomeDisegnoPulito(const QString& nome) {
-    // What no key of the keyboard writes becomes a blank: controls, NUL among
-    // them, marks of format and halves of characters.
-    QString pulito = nome;
-    for (QChar& c : pulito) {
-        const QChar::Category categoria = c.category();
-        if (categoria == QChar::Other_Control || categoria == QChar::Other_Format ||
-            categoria == QChar::Other_Surrogate || categoria == QChar::Other_NotAssigned ||
-            categoria == QChar::Other_PrivateUse || categoria == QChar::Separator_Line ||
-            categoria == QChar::Separator_Paragraph || c == QChar(u'\t'))
-            c = QChar(u' ');
-    }
-    return PulisciTesto(PulisciTesto(pulito).left(LunghezzaNomeDisegno));
-}
 
 QString PostoImmagineImportata(const QString& cartellaFile, const QString& nomeNelFile,
                                const QByteArray& dati, const QSet<QString>& presi) {

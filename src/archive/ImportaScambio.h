@@ -7,18 +7,6 @@
 
 #include <cstdint>
 
-// The file name a picture of a drawing that travels is given in the files
-// folder: the last part of its name, made safe, with a picture's extension.
-QString NomeImmagineSicuro(const QString& nomeNelFile);
-
-// A drawing's name as long as a line of the lists.
-inline constexpr qsizetype LunghezzaNomeDisegno = 40;
-
-// The name a drawing that travels brings, cleaned as the keyboard's names
-// are: no controls (NUL among them) or line ends, blanks made one and
-// trimmed, at most LunghezzaNomeDisegno characters. Empty when nothing is left.
-QString NomeDisegnoPulito(const QString& nome);
-
 // Where a picture of a drawing that travels lands in the files folder: its own
 // file name made safe, never a path outside the folder, never one of `presi`
 // and never over a different file of the same name (a number is added
