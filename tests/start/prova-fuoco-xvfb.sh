@@ -53,7 +53,11 @@ aspetta() {
 
 tasti() { xdotool key --delay 60 "$@"; }
 
-aspetta esatto "$MENU" "il menu all'avvio" || exit 1
+# Should the program never show its menu, what it and the server said is the clue.
+aspetta esatto "$MENU" "il menu all'avvio" || {
+  cat "$lavoro/zanto.log" "$lavoro/xvfb.log"
+  exit 1
+}
 tasti F12 # mode 4: arrows and Enter, no ring walking on the clock
 tasti Right Return
 aspetta contiene "Scelta Cartella" "la lista delle cartelle"
