@@ -6,9 +6,9 @@
 #include "archive/RigheAzioni.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
+#include "start/CartellaAttiva.h"
 #include "start/GestioneErrori.h"
 #include "start/MappaErrori.h"
-#include "start/MenuGenerale.h"
 #include "start/Numeri.h"
 #include "start/Utilita.h"
 

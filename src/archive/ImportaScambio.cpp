@@ -9,10 +9,10 @@
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
+#include "start/CartellaAttiva.h"
 #include "start/FileRegolari.h"
 #include "start/GestioneErrori.h"
 #include "start/MappaErrori.h"
-#include "start/MenuGenerale.h"
 #include "start/Utilita.h"
 
 #include <QDir>

@@ -15,8 +15,8 @@
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroScriviTesto.h"
 #include "start/Bip.h"
+#include "start/CartellaAttiva.h"
 #include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
 #include "start/Utilita.h"
 
 #include <QLabel>

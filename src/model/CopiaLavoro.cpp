@@ -7,8 +7,8 @@
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
+#include "start/CartellaAttiva.h"
 #include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
 #include "start/Numeri.h"
 
 #include <algorithm>

@@ -16,8 +16,8 @@
 #include "panels/QuadroSettaggi.h"
 #include "printing/EsportaDisegno.h"
 #include "start/Bip.h"
+#include "start/CartellaAttiva.h"
 #include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
 #include "start/Utilita.h"
 
 #include <QDir>

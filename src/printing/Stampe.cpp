@@ -8,9 +8,9 @@
 #include "printing/ServizioStampa.h"
 #include "start/Avvio.h"
 #include "start/Bip.h"
+#include "start/CartellaAttiva.h"
 #include "start/GestioneErrori.h"
 #include "start/MappaErrori.h"
-#include "start/MenuGenerale.h"
 
 #include <QPageLayout>
 #include <QPainter>

@@ -56,11 +56,6 @@ QIcon Icona(const QString& risorsa) {
 
 } // namespace
 
-QString FormaCartella(const QString& nome, int32_t codice) {
-    return nome + QStringLiteral("   [ ") + QStringLiteral("%1").arg(codice, 4, 10, QChar(u'0')) +
-           QStringLiteral(" ] ");
-}
-
 void ScriviFileCartellaAttiva() {
     const QString percorso = PercorsoCartellaAttiva();
     QSaveFile file(percorso);

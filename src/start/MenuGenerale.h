@@ -1,6 +1,7 @@
 #pragma once
 
 #include "input/FormScansione.h"
+#include "start/CartellaAttiva.h"
 
 #include <QString>
 
@@ -8,13 +9,6 @@
 
 class QLabel;
 
-// The active folder of drawings; 0 when none.
-inline int32_t CodiceCartellaAttiva = 0;
-inline QString NomeCartellaAttiva;
-
-// The folder as the screens show it: the name, then "   [ ", the code with at
-// least four digits, then " ] ".
-QString FormaCartella(const QString& nome, int32_t codice);
 // "CartellaZanto.Crt": the code as the program prints a number, one line.
 void ScriviFileCartellaAttiva();
 
