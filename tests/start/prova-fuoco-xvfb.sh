@@ -13,13 +13,23 @@ programma=
 trap '[[ -n $programma ]] && kill $programma 2>/dev/null; [[ -n $server ]] && kill $server 2>/dev/null; wait 2>/dev/null; rm -rf "$lavoro"' EXIT
 
 # A display of its own: the server picks a free number and tells it when ready.
+# Taken only once a client gets through: a number another server is just
+# taking or leaving (a test beside this one) is given up for a new server.
 mkfifo "$lavoro/pronto"
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$lavoro/pronto" 2>"$lavoro/xvfb.log" &
-server=$!
-if ! read -r -t 30 numero <"$lavoro/pronto"; then
-  echo "Xvfb non parte"; cat "$lavoro/xvfb.log"; exit 1
-fi
-export DISPLAY=:$numero
+for prova in 1 2 3; do
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$lavoro/pronto" 2>"$lavoro/xvfb.log" &
+  server=$!
+  if ! read -r -t 30 numero <"$lavoro/pronto"; then
+    echo "Xvfb non parte"; cat "$lavoro/xvfb.log"; exit 1
+  fi
+  export DISPLAY=:$numero
+  if xdotool getdisplaygeometry >/dev/null 2>&1; then break; fi
+  echo "il server :$numero non risponde, se ne avvia un altro"
+  kill $server 2>/dev/null
+  wait $server 2>/dev/null
+  server=
+  ((prova < 3)) || { cat "$lavoro/xvfb.log"; exit 1; }
+done
 export XDG_DATA_HOME=$lavoro/dati XDG_RUNTIME_DIR=$lavoro/run
 mkdir -p "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
 chmod 700 "$XDG_RUNTIME_DIR"
