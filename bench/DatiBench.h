@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/Avvio.h"
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
-#include "start/Avvio.h"
 
 #include <QTemporaryDir>
 

@@ -8,11 +8,11 @@
 #include "LetturaGrezza.h"
 #include "Misura.h"
 
+#include "app/Avvio.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/Installatore.h"
 #include "model/RecordAzione.h"
-#include "start/Avvio.h"
 
 #include <QApplication>
 #include <QSqlQuery>

@@ -5,7 +5,7 @@
 
 #include "Misura.h"
 
-#include "panels/LettoreRtf.h"
+#include "text/LettoreRtf.h"
 
 #include <QByteArray>
 #include <QString>

@@ -5,13 +5,13 @@
 // of the panel with nothing changed.
 #include "DatiBench.h"
 #include "Misura.h"
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
+#include "base/Configurazione.h"
 #include "panels/Elaborazioni.h"
 #include "panels/QuadroMostraLista.h"
-#include "start/Avvio.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 
 #include <QApplication>
 #include <QSqlQuery>

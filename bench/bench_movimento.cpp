@@ -7,18 +7,18 @@
 #include "DatiBench.h"
 #include "Misura.h"
 
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/CopiaLavoro.h"
 #include "archive/Installatore.h"
 #include "drawing/MotoreMovimento.h"
-#include "model/CopiaLavoro.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Avvio.h"
-#include "start/MenuGenerale.h"
 
 #include <QApplication>
 #include <QRandomGenerator>

@@ -7,6 +7,7 @@
 #include "DisegnoProva.h"
 #include "Misura.h"
 
+#include "app/MenuGenerale.h"
 #include "archive/FileScambio.h"
 #include "archive/ImportaScambio.h"
 #include "model/RecordAzione.h"
@@ -14,7 +15,6 @@
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "printing/EsportaDisegno.h"
-#include "start/MenuGenerale.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -2,9 +2,9 @@
 // seconds: how far each dwell is from 500 ms, and how much processor it costs;
 // then the same with spoken scanning on, the speech service left out: a voice
 // that takes each name and says it has finished 300 ms later.
+#include "base/Configurazione.h"
 #include "input/FormScansione.h"
 #include "input/Voce.h"
-#include "start/Configurazione.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

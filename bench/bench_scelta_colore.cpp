@@ -4,9 +4,9 @@
 // the same run. The first opening of each pays for the styles and pictures
 // made once; it is printed apart.
 #include "Misura.h"
+#include "base/Configurazione.h"
 #include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
-#include "start/Configurazione.h"
 
 #include <QApplication>
 #include <QTimer>

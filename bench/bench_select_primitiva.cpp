@@ -7,12 +7,12 @@
 #include "DisegnoProva.h"
 #include "Misura.h"
 
+#include "base/Configurazione.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroSelectPrimitiva.h"
-#include "start/Configurazione.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -9,15 +9,15 @@
 #include "LetturaGrezza.h"
 #include "Misura.h"
 
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/CopiaLavoro.h"
 #include "archive/Installatore.h"
-#include "model/CopiaLavoro.h"
 #include "model/RecordAzione.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroUndo.h"
-#include "start/Avvio.h"
-#include "start/MenuGenerale.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

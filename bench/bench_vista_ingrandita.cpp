@@ -3,9 +3,9 @@
 // same view painted 1:1 in the same run. A step of a moving shape repaints the
 // whole view, so this is the cost a step adds on a large screen.
 #include "Misura.h"
-#include "drawing/VistaSuperficie.h"
+#include "base/Misure.h"
 #include "model/Superficie.h"
-#include "start/Misure.h"
+#include "model/VistaSuperficie.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,5 +1,5 @@
+#include "app/Avvio.h"
 #include "archive/Installatore.h"
-#include "start/Avvio.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
+#include "app/ApplicazioneZanto.h"
+#include "app/Avvio.h"
+#include "app/ConfigurazioniGenerali.h"
+#include "app/MenuGenerale.h"
+#include "app/VisualizzaInformazioni.h"
 #include "drawing/AmbienteDisegno.h"
-#include "input/ConfigurazioniGenerali.h"
-#include "start/ApplicazioneZanto.h"
-#include "start/Avvio.h"
-#include "start/MenuGenerale.h"
-#include "start/VisualizzaInformazioni.h"
 
 int main(int argc, char* argv[]) {
     ApplicazioneZanto app(argc, argv);

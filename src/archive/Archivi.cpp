@@ -1,8 +1,8 @@
 #include "archive/Archivi.h"
 
-#include "start/Avvio.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
+#include "base/MappaErrori.h"
+#include "base/Sessione.h"
+#include "base/Utilita.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -4,13 +4,13 @@
 #include "archive/BitmapDisegni.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
+#include "base/CartellaAttiva.h"
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Numeri.h"
+#include "base/Utilita.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
-#include "start/CartellaAttiva.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
-#include "start/Numeri.h"
-#include "start/Utilita.h"
 
 #include <QFile>
 #include <QFileInfo>

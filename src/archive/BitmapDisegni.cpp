@@ -3,12 +3,12 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Sessione.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Avvio.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,8 +2,8 @@
 
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
+#include "base/MappaErrori.h"
+#include "base/Utilita.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,12 +3,12 @@
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
 #include "archive/Schema.h"
+#include "base/FileRegolari.h"
+#include "base/MappaErrori.h"
+#include "base/Utilita.h"
 #include "model/LimitiTesto.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/FileRegolari.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -6,14 +6,14 @@
 #include "archive/FileInSospeso.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
+#include "base/CartellaAttiva.h"
+#include "base/FileRegolari.h"
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Utilita.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/CartellaAttiva.h"
-#include "start/FileRegolari.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
 
 #include <QDir>
 #include <QFile>

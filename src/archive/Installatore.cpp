@@ -3,9 +3,9 @@
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/Schema.h"
-#include "input/IconaSvg.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
+#include "base/IconaSvg.h"
+#include "base/MappaErrori.h"
+#include "base/Utilita.h"
 
 #include <QDir>
 #include <QFile>

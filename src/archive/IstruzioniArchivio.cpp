@@ -1,9 +1,9 @@
 #include "archive/IstruzioniArchivio.h"
 
 #include "archive/Archivi.h"
+#include "base/MappaErrori.h"
+#include "base/Utilita.h"
 #include "model/RecordAzione.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
 
 #include <QSqlRecord>
 #include <QVariant>

@@ -2,9 +2,9 @@
 
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
-#include "start/Numeri.h"
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Numeri.h"
 
 #include <QSqlDriver>
 #include <QSqlError>

@@ -1,6 +1,6 @@
 #include "archive/Schema.h"
 
-#include "start/MappaErrori.h"
+#include "base/MappaErrori.h"
 
 #include <QSqlQuery>
 #include <QStringList>

@@ -2,24 +2,24 @@
 
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/CartellaAttiva.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
+#include "base/Numeri.h"
+#include "base/Orologio.h"
 #include "drawing/ComandiDisegno.h"
 #include "drawing/MotoreMovimento.h"
-#include "drawing/VistaSuperficie.h"
-#include "input/IconaSvg.h"
-#include "input/Orologio.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
+#include "model/VistaSuperficie.h"
 #include "panels/QuadroSceltaDirezione.h"
 #include "panels/QuadroSettaggi.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
-#include "start/Misure.h"
-#include "start/Numeri.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -427,7 +427,7 @@ AmbienteDisegno* CaricaAmbienteDisegno() {
 
 void ChiudiAmbienteDisegno() {
     PuntatoreClessidra();
-    CaricaMenùGenerale();
+    if (RitornoAlMenu != nullptr) RitornoAlMenu();
     if (Ambiente()) {
         Ambiente()->hide();
         Ambiente()->Motore.FermaScansione();

@@ -88,6 +88,8 @@ AmbienteDisegno* AmbienteDisegnoAperto();
 AmbienteDisegno* CaricaAmbienteDisegno();
 // Back to the main menu; the screen is unloaded once its own events allow.
 void ChiudiAmbienteDisegno();
+// What shows the main menu again: the menu, a layer above, registers it.
+inline void (*RitornoAlMenu)() = nullptr;
 // At the very end, outside any event of its own.
 void DistruggiAmbienteDisegno();
 

@@ -1,9 +1,9 @@
 #include "drawing/ComandiColori.h"
 
+#include "base/Bip.h"
 #include "drawing/AmbienteDisegno.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroSceltaColore1.h"
-#include "start/Bip.h"
 
 void ComandiColori::SceltaColoreZona() {
     ColoreScelto = ColoreZonaCorrente;

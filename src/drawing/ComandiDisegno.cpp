@@ -1,10 +1,10 @@
 #include "drawing/ComandiDisegno.h"
 
+#include "base/GestioneErrori.h"
 #include "drawing/AmbienteDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "printing/Stampe.h"
-#include "start/GestioneErrori.h"
 
 int16_t MarcaComando(int16_t indice) {
     // In the order the routine tests them: 117 and 118 first, then 101 upwards;

@@ -1,5 +1,11 @@
 #include "drawing/ComandiElementi.h"
 
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/Misure.h"
+#include "base/Numeri.h"
+#include "base/Utilita.h"
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/ElementoAttivo.h"
@@ -10,12 +16,6 @@
 #include "panels/EtichettaLista.h"
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroScriviTesto.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
-#include "start/Numeri.h"
-#include "start/Utilita.h"
 
 #include <QLabel>
 

@@ -1,5 +1,6 @@
 #include "drawing/ComandiOggetti.h"
 
+#include "base/Bip.h"
 #include "drawing/AmbienteDisegno.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
@@ -7,7 +8,6 @@
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroSceltaDirezione.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
-#include "start/Bip.h"
 
 void ComandiOggetti::SelezionaOggetto() {
     PrimitivaAttiva = 120;

@@ -1,16 +1,16 @@
 #include "drawing/ComandiPrimitive.h"
 
+#include "archive/CopiaLavoro.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
-#include "model/CopiaLavoro.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroSceltaDirezione.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
 
 #include <QLabel>
 

@@ -1,4 +1,7 @@
 // Button 121: any action of the drawing taken back into the hands.
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/Utilita.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/ComandiElementi.h"
 #include "drawing/ComandiPrimitive.h"
@@ -7,9 +10,6 @@
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroSelectPrimitiva.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Utilita.h"
 
 #include <QLabel>
 

@@ -1,6 +1,8 @@
 #include "drawing/ComandiStoria.h"
 
 #include "archive/ArchivioAzioni.h"
+#include "base/Bip.h"
+#include "base/GestioneErrori.h"
 #include "drawing/AmbienteDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
@@ -8,8 +10,6 @@
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "panels/QuadroUndo.h"
-#include "start/Bip.h"
-#include "start/GestioneErrori.h"
 
 void ComandiStoria::TornaNellaStoria() {
     if (CodiceCopiaLavoro == BaseCopieLavoro) {

@@ -1,12 +1,12 @@
 #include "drawing/MotoreMovimento.h"
 
-#include "model/CopiaLavoro.h"
+#include "archive/CopiaLavoro.h"
+#include "base/Bip.h"
+#include "base/GestioneErrori.h"
+#include "base/Numeri.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
-#include "start/Bip.h"
-#include "start/GestioneErrori.h"
-#include "start/Numeri.h"
 
 #include <cmath>
 

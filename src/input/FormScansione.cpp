@@ -1,12 +1,12 @@
 #include "input/FormScansione.h"
 
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/Misure.h"
+#include "base/Orologio.h"
 #include "input/AccessibilitaAnello.h"
-#include "input/Orologio.h"
 #include "input/Voce.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
 
 #include <QChildEvent>
 #include <QKeyEvent>

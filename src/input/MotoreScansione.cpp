@@ -1,9 +1,9 @@
 #include "input/MotoreScansione.h"
 
-#include "input/Orologio.h"
+#include "archive/RigaConfigurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/Orologio.h"
 #include "input/Voce.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
 
 #include <QKeyEvent>
 
@@ -66,6 +66,7 @@ MotoreScansione::MotoreScansione(int16_t primo, int16_t ultimo) : Primo(primo), 
     PassiPerGiro = [this] { return Ultimo - Primo + 1; };
     insiemi_.push_back({primo, ultimo, 0, 0});
     Motori().insert(this);
+    AvvisaLatenzaCambiata = &MotoreScansione::LatenzaCambiata;
 }
 
 MotoreScansione::~MotoreScansione() {

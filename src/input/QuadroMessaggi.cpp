@@ -1,8 +1,8 @@
 #include "input/QuadroMessaggi.h"
 
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/Misure.h"
 
 #include <QApplication>
 #include <QFontMetrics>

@@ -1,7 +1,7 @@
 #include "input/Voce.h"
 
+#include "base/Orologio.h"
 #include "input/MotoreScansione.h"
-#include "input/Orologio.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -135,6 +135,7 @@ private:
 
 Voce*& VoceImpostata() {
     static Voce* voce = nullptr;
+    ZittisciAlBip = &Zittisci;
     return voce;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Bip.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -60,8 +62,6 @@ void ImpostaVoce(Voce* voce); // nullptr gives back the system's
 // The program speaks through these two: a name asked for just after a beep
 // waits until the beep has been heard (PausaDopoBip), and a newer name or
 // silence replaces one still waiting.
-inline constexpr int64_t PausaDopoBip = 400;
-inline int64_t IstanteUltimoBip = -PausaDopoBip;
 void Pronuncia(const QString& testo);
 void Zittisci();
 

@@ -1,6 +1,6 @@
 #include "model/ElementoAttivo.h"
 
-#include "model/CopiaLavoro.h"
+#include "model/FissaElemento.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"

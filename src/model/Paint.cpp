@@ -1,7 +1,7 @@
 #include "model/Paint.h"
 
+#include "base/Numeri.h"
 #include "model/Superficie.h"
-#include "start/Numeri.h"
 
 #include <algorithm>
 #include <vector>

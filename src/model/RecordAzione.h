@@ -1,6 +1,6 @@
 #pragma once
 
-#include "start/Numeri.h"
+#include "base/Numeri.h"
 
 #include <QList>
 #include <QString>

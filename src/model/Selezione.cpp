@@ -1,9 +1,9 @@
 #include "model/Selezione.h"
 
-#include "model/CopiaLavoro.h"
+#include "base/GestioneErrori.h"
+#include "base/Numeri.h"
+#include "model/FissaElemento.h"
 #include "model/StatoAmbiente.h"
-#include "start/GestioneErrori.h"
-#include "start/Numeri.h"
 
 #include <vector>
 

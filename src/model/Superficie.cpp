@@ -3,9 +3,9 @@
 #include "model/Rasterizzatore.h"
 #include "model/SuperficieComune.h"
 
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
-#include "start/Numeri.h"
+#include "base/GestioneErrori.h"
+#include "base/Misure.h"
+#include "base/Numeri.h"
 
 #include <QPainter>
 #include <QPolygonF>

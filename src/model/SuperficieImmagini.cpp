@@ -2,11 +2,11 @@
 // bitmap written out.
 #include "model/Superficie.h"
 
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Misure.h"
+#include "base/Utilita.h"
 #include "model/SuperficieComune.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
-#include "start/Misure.h"
-#include "start/Utilita.h"
 
 #include <QBuffer>
 #include <QDateTime>

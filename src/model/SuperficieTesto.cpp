@@ -1,9 +1,9 @@
 // The text of the surface: the font in use, its measures and the writing.
 #include "model/Superficie.h"
 
+#include "base/Misure.h"
 #include "model/Rasterizzatore.h"
 #include "model/SuperficieComune.h"
-#include "start/Misure.h"
 
 #include <QFontMetricsF>
 #include <QGlyphRun>

@@ -1,12 +1,12 @@
 #include "model/TracciaAzioni.h"
 
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Numeri.h"
+#include "base/Utilita.h"
 #include "model/Paint.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
-#include "start/Numeri.h"
-#include "start/Utilita.h"
 
 #include <QHash>
 

@@ -1,8 +1,8 @@
 #include "model/TracciaSelezione.h"
 
+#include "base/Numeri.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Numeri.h"
 
 #include <QFileInfo>
 #include <QHash>

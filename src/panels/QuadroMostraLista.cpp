@@ -1,15 +1,15 @@
 #include "panels/QuadroMostraLista.h"
 
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
+#include "base/Utilita.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/QuadroScriviTesto.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
-#include "start/Utilita.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,11 +1,11 @@
 #include "panels/QuadroSceltaColore1.h"
 
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "input/QuadroMessaggi.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
 
 #include <QApplication>
 #include <QGuiApplication>

@@ -1,9 +1,9 @@
 #include "panels/QuadroSceltaDirezione.h"
 
-#include "input/IconaSvg.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "model/StatoAmbiente.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 
 QuadroSceltaDirezione::QuadroSceltaDirezione(QWidget* genitore)
     : FormScansione(101, 105, genitore) {

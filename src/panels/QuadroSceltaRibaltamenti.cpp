@@ -1,8 +1,8 @@
 #include "panels/QuadroSceltaRibaltamenti.h"
 
-#include "input/IconaSvg.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 
 QuadroSceltaRibaltamenti::QuadroSceltaRibaltamenti(QWidget* genitore)
     : FormScansione(101, 105, genitore) {

@@ -1,20 +1,20 @@
 #include "panels/QuadroScriviTesto.h"
 
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
+#include "base/Numeri.h"
+#include "base/Utilita.h"
 #include "input/QuadroMessaggi.h"
 #include "input/Voce.h"
 #include "model/LimitiTesto.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
-#include "panels/LettoreRtf.h"
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroSettaggiFont.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
-#include "start/Numeri.h"
-#include "start/Utilita.h"
+#include "text/LettoreRtf.h"
 
 #include <QFrame>
 #include <QGuiApplication>

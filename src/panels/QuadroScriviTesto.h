@@ -2,7 +2,7 @@
 
 #include "input/FormScansione.h"
 #include "model/StatoAmbiente.h"
-#include "panels/TestoConCursore.h"
+#include "text/TestoConCursore.h"
 
 #include <QStringList>
 

@@ -1,6 +1,10 @@
 #include "panels/QuadroSettaggi.h"
 
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
@@ -10,10 +14,6 @@
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSettaggiFont.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
 
 #include <utility>
 

@@ -1,14 +1,14 @@
 #include "panels/QuadroSettaggiFont.h"
 
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "model/StatoAmbiente.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/QuadroMostraLista.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
 
 #include <QListWidget>
 

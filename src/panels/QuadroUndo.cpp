@@ -1,16 +1,16 @@
 #include "panels/QuadroUndo.h"
 
 #include "archive/ArchivioAzioni.h"
-#include "drawing/VistaSuperficie.h"
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
+#include "base/Numeri.h"
 #include "model/RecordAzione.h"
 #include "model/TracciaAzioni.h"
+#include "model/VistaSuperficie.h"
 #include "panels/ScrittaPannello.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
-#include "start/Numeri.h"
 
 #include <QSlider>
 

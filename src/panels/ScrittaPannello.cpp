@@ -1,6 +1,6 @@
 #include "panels/ScrittaPannello.h"
 
-#include "start/Misure.h"
+#include "base/Misure.h"
 
 #include <QFont>
 #include <QLabel>

@@ -2,6 +2,10 @@
 // hands, and the object in the hands saved under a name.
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/Utilita.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -11,10 +15,6 @@
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroScriviTesto.h"
 #include "panels/QuadroSettaggi.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Utilita.h"
 
 namespace {
 

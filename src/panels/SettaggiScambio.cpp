@@ -6,6 +6,10 @@
 #include "archive/FileScambio.h"
 #include "archive/ImportaScambio.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/CartellaAttiva.h"
+#include "base/GestioneErrori.h"
+#include "base/Utilita.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
@@ -15,10 +19,6 @@
 #include "panels/QuadroScriviTesto.h"
 #include "panels/QuadroSettaggi.h"
 #include "printing/EsportaDisegno.h"
-#include "start/Bip.h"
-#include "start/CartellaAttiva.h"
-#include "start/GestioneErrori.h"
-#include "start/Utilita.h"
 
 #include <QDir>
 #include <QFileInfo>

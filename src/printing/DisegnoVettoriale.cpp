@@ -1,11 +1,11 @@
 #include "printing/DisegnoVettoriale.h"
 
+#include "base/MappaErrori.h"
+#include "base/Misure.h"
+#include "base/Utilita.h"
 #include "model/Paint.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/MappaErrori.h"
-#include "start/Misure.h"
-#include "start/Utilita.h"
 
 #include <QFile>
 #include <QPageLayout>

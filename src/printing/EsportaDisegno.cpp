@@ -3,13 +3,13 @@
 #include "archive/Archivi.h"
 #include "archive/FileInSospeso.h"
 #include "archive/FileScambio.h"
+#include "base/MappaErrori.h"
+#include "base/Utilita.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "printing/DisegnoVettoriale.h"
 #include "printing/Stampe.h"
-#include "start/MappaErrori.h"
-#include "start/Utilita.h"
 
 #include <QFile>
 #include <QFileInfo>

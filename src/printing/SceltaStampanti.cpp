@@ -1,13 +1,13 @@
 #include "printing/SceltaStampanti.h"
 
-#include "input/IconaSvg.h"
+#include "archive/RigaConfigurazione.h"
+#include "base/Bip.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
+#include "base/ScrittaModulo.h"
+#include "base/Sessione.h"
 #include "printing/Stampe.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
-#include "start/ScrittaModulo.h"
 
 #include <QCoreApplication>
 #include <QEvent>

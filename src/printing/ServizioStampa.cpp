@@ -1,7 +1,7 @@
 #include "printing/ServizioStampa.h"
 
+#include "base/GestioneErrori.h"
 #include "printing/Stampe.h"
-#include "start/GestioneErrori.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,16 +1,16 @@
 #include "printing/Stampe.h"
 
 #include "archive/ArchivioAzioni.h"
+#include "base/Bip.h"
+#include "base/CartellaAttiva.h"
+#include "base/GestioneErrori.h"
+#include "base/MappaErrori.h"
+#include "base/Sessione.h"
 #include "input/QuadroMessaggi.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "printing/ServizioStampa.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/CartellaAttiva.h"
-#include "start/GestioneErrori.h"
-#include "start/MappaErrori.h"
 
 #include <QPageLayout>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "start/Configurazione.h"
+#include "base/Configurazione.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/Avvio.h"
 #include "archive/Archivi.h"
-#include "start/Avvio.h"
-#include "start/GestioneErrori.h"
+#include "base/GestioneErrori.h"
 
 #include <QString>
 

@@ -7,16 +7,16 @@
 #include "PilotaRegistraDisegno.h"
 
 #include "AvvioPilota.h"
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/GestioneErrori.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Avvio.h"
-#include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
 
 #include <QGuiApplication>
 

@@ -6,16 +6,16 @@
 #include "PilotaScambio.h"
 
 #include "AvvioPilota.h"
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/FileScambio.h"
 #include "archive/ImportaScambio.h"
+#include "base/GestioneErrori.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "printing/EsportaDisegno.h"
-#include "start/Avvio.h"
-#include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
 
 #include <QDir>
 #include <QGuiApplication>

@@ -1,6 +1,8 @@
 // Reading and writing action lists, saving drawings and objects, and the
 // bitmap a saved drawing leaves on disk.
 
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
@@ -8,8 +10,6 @@
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Avvio.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
 

@@ -3,6 +3,8 @@
 // reason while nothing is written anywhere; hostile names kept inside the
 // files folder; an import that fails leaves the archive and the folder as
 // they were.
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/FileInSospeso.h"
@@ -10,8 +12,6 @@
 #include "archive/ImportaScambio.h"
 #include "archive/IstruzioniArchivio.h"
 #include "model/LimitiTesto.h"
-#include "start/Avvio.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 
 #include "FileScambioProva.h"

@@ -2,14 +2,14 @@
 // files with flipped bits, overwritten runs, pages swapped and zeroed, header
 // fields changed. Each must be read or refused with its reason, and nothing
 // else: no crash, no other exception, no file written beside it.
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/FileScambio.h"
 #include "archive/ImportaScambio.h"
+#include "base/Utilita.h"
 #include "model/LimitiTesto.h"
 #include "model/Superficie.h"
-#include "start/MenuGenerale.h"
-#include "start/Utilita.h"
 #include "support/AmbienteProva.h"
 
 #include "FileScambioProva.h"

@@ -1,7 +1,7 @@
 // The installer: a complete fresh data folder, and no change to an existing one.
+#include "app/Avvio.h"
 #include "archive/Archivi.h"
 #include "archive/Installatore.h"
-#include "start/Avvio.h"
 #include "support/AmbienteProva.h"
 
 #include <QDir>

@@ -2,6 +2,8 @@
 // committed), a full disk, a failed commit and a failed rename, and the
 // start's repair of what a save cut short leaves behind.
 
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
@@ -9,8 +11,6 @@
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Avvio.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/SondePixel.h"

@@ -6,11 +6,11 @@
 
 #include "PilotaRegistraDisegno.h"
 
+#include "app/Avvio.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
 #include "model/RecordAzione.h"
-#include "start/Avvio.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
 

@@ -7,6 +7,7 @@
 
 #include "PilotaScambio.h"
 
+#include "app/Avvio.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
@@ -14,7 +15,6 @@
 #include "archive/FileScambio.h"
 #include "model/RecordAzione.h"
 #include "printing/EsportaDisegno.h"
-#include "start/Avvio.h"
 #include "support/AmbienteProva.h"
 
 #include <QDir>

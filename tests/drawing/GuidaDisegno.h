@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/MenuGenerale.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"

@@ -1,12 +1,12 @@
 // "Chiudi" of the direction panel in modes 1 and 2, over many timings: whenever it is
 // picked, on the panel's first opening or after a walk, the panel goes, the
 // command ends and the drawing screen's ring walks again.
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroSceltaDirezione.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/Sonde.h"
 

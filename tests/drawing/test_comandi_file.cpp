@@ -1,10 +1,13 @@
 // New, read, save and close on the drawing screen, driven by keys through the
 // real questions, list and keyboard; results checked in the archive, on disk
 // and on the canvas.
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/BitmapDisegni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
@@ -14,9 +17,6 @@
 #include "panels/EtichettaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroMostraLista.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/SondePixel.h"

@@ -3,10 +3,13 @@
 // exchange file in as a new drawing of the active folder. Checked in the files
 // on disk, in the archive and on the pixels: the PDF page rasterised and the
 // SVG drawn give the canvas back.
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/FileScambio.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
@@ -15,9 +18,6 @@
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "printing/EsportaDisegno.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/MenuGenerale.h"
 #include "support/Copione.h"
 #include "support/Sonde.h"
 

@@ -2,12 +2,12 @@
 // command in progress, each bound refused with one beep and the record left as
 // it stood; and the key routine's part that moves an open element or a group.
 
+#include "archive/CopiaLavoro.h"
+#include "base/Bip.h"
 #include "drawing/MotoreMovimento.h"
-#include "model/CopiaLavoro.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
-#include "start/Bip.h"
 #include "support/AmbienteProva.h"
 
 #include <QtTest>

@@ -1,8 +1,11 @@
 // Objects on the drawing screen, worked as a switch user works them: three
 // shapes drawn, two taken with the selection box, moved, flipped, fixed as a
 // copy and as a move, drawn again and deleted.
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
@@ -10,9 +13,6 @@
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"

@@ -1,7 +1,9 @@
 // No routine starts again inside itself: a choice key pressed while the
 // picture search lets events run, and a click during an element's walk, in
 // mode 1 on the virtual clock.
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
@@ -9,9 +11,7 @@
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroSceltaDirezione.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
-#include "start/VideaAvanzamento.h"
+#include "panels/VideaAvanzamento.h"
 #include "support/Copione.h"
 
 #include <QImage>

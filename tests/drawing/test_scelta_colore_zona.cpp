@@ -1,15 +1,15 @@
 // "Scelta Colore Zona" from the drawing screen: the colour panel opened by the
 // ring, a colour picked or the panel left, and the fill that follows, in the
 // working modes of a switch user.
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
-#include "drawing/VistaSuperficie.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
+#include "model/VistaSuperficie.h"
 #include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSceltaDirezione.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/Sonde.h"
 #include "support/SondePixel.h"

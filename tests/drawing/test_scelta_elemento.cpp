@@ -2,6 +2,8 @@
 // element panel, by its type; fixed in its place or cancelled; and, with one
 // or two switches, a fill, a text or a picture that can still be walked.
 #include "archive/Archivi.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
@@ -13,8 +15,6 @@
 #include "panels/QuadroSceltaDirezione.h"
 #include "panels/QuadroScriviTesto.h"
 #include "panels/QuadroSelectPrimitiva.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

@@ -2,16 +2,16 @@
 // virtual clock: three shapes, saved under a name written on the keyboard, a
 // new drawing, the first read back, two more shapes, back in the history to
 // the loaded state, one more shape, and the time line that then offers.
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroUndo.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

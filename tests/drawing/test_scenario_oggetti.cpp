@@ -5,6 +5,7 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
@@ -12,7 +13,6 @@
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSettaggi.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

@@ -7,12 +7,12 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

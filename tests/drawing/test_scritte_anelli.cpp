@@ -4,12 +4,12 @@
 // the ring is magenta from the pick on, and a wide ring is never covered by a
 // neighbour's; a new drawing shows no name.
 #include "archive/ArchivioAzioni.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroMostraLista.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/Sonde.h"
 

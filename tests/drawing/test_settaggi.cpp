@@ -1,19 +1,19 @@
 // The settings panel over the drawing screen, opened by 124: its place and
 // buttons, the step and width tables, the colours of line and background, the
 // fills and their dots, the two buttons not in operation.
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
-#include "input/IconaSvg.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSettaggi.h"
 #include "panels/QuadroSettaggiFont.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

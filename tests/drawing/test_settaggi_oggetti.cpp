@@ -5,6 +5,8 @@
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
@@ -15,8 +17,6 @@
 #include "panels/Elaborazioni.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSettaggi.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

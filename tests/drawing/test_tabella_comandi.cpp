@@ -3,16 +3,16 @@
 // changing nothing, where it fails. The conditions are written once, below, as
 // the screen's own table of buttons states them; the program is only asked
 // what it does.
+#include "app/MenuGenerale.h"
 #include "archive/IstruzioniArchivio.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "panels/QuadroScriviTesto.h"
 #include "panels/QuadroUndo.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"

@@ -2,6 +2,9 @@
 // picture chosen from the files folder, each placed centred and straight into
 // a shift, then fixed; and a picture that cannot be read or has gone.
 #include "archive/Archivi.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/Utilita.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "input/QuadroMessaggi.h"
@@ -11,9 +14,6 @@
 #include "model/TracciaAzioni.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroScriviTesto.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Utilita.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

@@ -2,16 +2,16 @@
 // high-contrast scheme, on the main menu's rings, the keyboard's rings and the
 // list's highlight; chosen on the configuration form and kept in the archive.
 // At their defaults the rings are as they always were.
+#include "app/ConfigurazioniGenerali.h"
+#include "app/MenuGenerale.h"
+#include "archive/RigaConfigurazione.h"
+#include "base/Misure.h"
 #include "drawing/GuidaDisegno.h"
-#include "input/ConfigurazioniGenerali.h"
 #include "input/FormScansione.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/QuadroMostraLista.h"
 #include "panels/QuadroScriviTesto.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
-#include "start/Misure.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
 #include "support/Sonde.h"

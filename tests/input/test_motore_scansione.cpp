@@ -1,12 +1,12 @@
 // The scanning engine, driven through the main menu (and one plain scanning
 // form) with keys and the virtual clock.
+#include "app/ConfigurazioniGenerali.h"
+#include "app/MenuGenerale.h"
+#include "app/VisualizzaInformazioni.h"
 #include "archive/Archivi.h"
-#include "input/ConfigurazioniGenerali.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "input/MotoreScansione.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
-#include "start/VisualizzaInformazioni.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"

@@ -1,8 +1,8 @@
 // The message panel, opened as every caller opens it and answered with keys.
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/Misure.h"
 #include "input/QuadroMessaggi.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"

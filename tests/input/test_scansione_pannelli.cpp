@@ -1,8 +1,8 @@
 // What the scanning engine gives the panels that are not plain rows: grid
 // arrows, more than one set of keys, a ring that holds under a panel, and keys
 // kept from controls made after the form was shown.
+#include "base/Configurazione.h"
 #include "input/FormScansione.h"
-#include "start/Configurazione.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

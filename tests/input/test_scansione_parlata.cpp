@@ -2,16 +2,16 @@
 // is said where the ring arrives on the menu, the keyboard and a list, that a
 // new name cuts the old one, that the ring may wait for a name, that a choice
 // adds nothing and a beep is never covered; and the option on the form.
-#include "input/ConfigurazioniGenerali.h"
-#include "input/PaginaSensori.h"
+#include "app/ConfigurazioniGenerali.h"
+#include "app/MenuGenerale.h"
+#include "app/PaginaSensori.h"
+#include "archive/RigaConfigurazione.h"
+#include "base/Bip.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/ProvaScriviTesto.h"
 #include "panels/QuadroMostraLista.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
 

@@ -2,12 +2,12 @@
 // on the main menu and on the on-screen keyboard: acceptance time, presses
 // dropped after a choice, a longer first dwell, and the ring that rests after
 // rounds with nobody pressing.
-#include "input/ConfigurazioniGenerali.h"
+#include "app/ConfigurazioniGenerali.h"
+#include "app/MenuGenerale.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/ProvaScriviTesto.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
 

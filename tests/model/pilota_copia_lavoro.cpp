@@ -5,13 +5,13 @@
 
 #include "PilotaCopiaLavoro.h"
 
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
+#include "archive/CopiaLavoro.h"
 #include "archive/IstruzioniArchivio.h"
-#include "model/CopiaLavoro.h"
+#include "base/GestioneErrori.h"
 #include "model/RecordAzione.h"
-#include "start/Avvio.h"
-#include "start/GestioneErrori.h"
-#include "start/MenuGenerale.h"
 
 #include <QGuiApplication>
 

@@ -2,14 +2,14 @@
 // measure of the active object. Fixing is checked on the bitmap's pixels and
 // on the record; the copy on its rows in the archive.
 
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
-#include "model/CopiaLavoro.h"
+#include "archive/CopiaLavoro.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
 

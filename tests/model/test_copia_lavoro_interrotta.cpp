@@ -5,12 +5,12 @@
 
 #include "PilotaCopiaLavoro.h"
 
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/CopiaLavoro.h"
 #include "archive/IstruzioniArchivio.h"
-#include "model/CopiaLavoro.h"
 #include "model/RecordAzione.h"
-#include "start/MenuGenerale.h"
 #include "support/AmbienteProva.h"
 
 #include <QElapsedTimer>

@@ -3,12 +3,12 @@
 // of a group defines it; and a step on a group ends as it did when each
 // element measured the whole group.
 
+#include "archive/CopiaLavoro.h"
+#include "base/Bip.h"
 #include "drawing/MotoreMovimento.h"
-#include "model/CopiaLavoro.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
-#include "start/Bip.h"
 #include "support/AmbienteProva.h"
 
 #include <QRandomGenerator>

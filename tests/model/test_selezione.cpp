@@ -2,7 +2,7 @@
 // the object commands do to the group: the flip about an edge of its box and
 // the last object drawn again further on.
 
-#include "model/CopiaLavoro.h"
+#include "archive/CopiaLavoro.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"

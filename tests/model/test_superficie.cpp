@@ -1,9 +1,9 @@
 // The picture surface: the two layers and the keep switch, the state that
 // carries over, and each drawing operation, checked by probing pixels.
 
+#include "base/Misure.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
 

@@ -2,11 +2,11 @@
 // the range, the state the surface keeps, and a picture that cannot be read.
 
 #include "archive/Archivi.h"
+#include "base/Utilita.h"
 #include "model/Paint.h"
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
-#include "start/Utilita.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
-#include "model/CopiaLavoro.h"
+#include "archive/CopiaLavoro.h"
 #include "model/RecordAzione.h"
-#include "start/MenuGenerale.h"
 #include "support/SondePixel.h"
 
 #include <QPoint>

@@ -3,9 +3,9 @@
 // What the tests of the keyboard share: the keyboard in front, its text and
 // ring, keys typed with their character, and the ways of each mode to take
 // the ring to a key and pick it.
+#include "base/Configurazione.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroScriviTesto.h"
-#include "start/Configurazione.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,14 +1,14 @@
 // The fill routines of the list panel: each list from a real archive or
 // folder, label by label, in its order.
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "base/Bip.h"
+#include "base/Utilita.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/MenuGenerale.h"
-#include "start/Utilita.h"
-#include "start/VideaAvanzamento.h"
+#include "panels/VideaAvanzamento.h"
 #include "support/AmbienteProva.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // The pictures of the drawing screen and of its panels: each is there, is a
 // valid drawing, and shows something on a button's face.
-#include "input/IconaSvg.h"
-#include "start/Misure.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,8 +1,8 @@
 // The rich text reader: real documents against their expected texts, each
 // feature on a small document of its own, and the faults hostile files get.
 
-#include "panels/LettoreRtf.h"
-#include "start/GestioneErrori.h"
+#include "base/GestioneErrori.h"
+#include "text/LettoreRtf.h"
 
 #include <QDir>
 #include <QFile>

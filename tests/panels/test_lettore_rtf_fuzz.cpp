@@ -3,8 +3,8 @@
 // short and spliced together. Each must give text or the program's error, and
 // nothing else: no crash, no other exception, no runaway memory.
 
-#include "panels/LettoreRtf.h"
-#include "start/GestioneErrori.h"
+#include "base/GestioneErrori.h"
+#include "text/LettoreRtf.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,18 +1,18 @@
 // The list panel driven as a switch user drives it: keys and time, through
 // the real panel, with results checked in the archive, on disk and on screen.
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/Utilita.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/ProvaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroMostraLista.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
-#include "start/Utilita.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

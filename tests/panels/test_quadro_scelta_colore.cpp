@@ -1,13 +1,13 @@
 // The colour panel, opened as its callers open it and answered with keys in
 // the four working modes.
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "input/QuadroMessaggi.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSceltaColore1.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,10 +1,10 @@
 // The direction panel, opened as the drawing screen opens it and answered with keys.
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
 #include "model/StatoAmbiente.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSceltaDirezione.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,11 +1,11 @@
 // The flip panel, opened where the drawing screen places it and answered with keys.
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/GestioneErrori.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,11 +1,11 @@
 // The on-screen keyboard, opened as its callers open it and driven by keys on
 // the virtual clock: the form, the text's edge cases, the scanning of both sets.
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "panels/ProvaScriviTesto.h"
 #include "panels/QuadroSettaggiFont.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -3,14 +3,14 @@
 // Azioni with the canvas replayed, closing, and the ring in the four modes.
 #include "AzioniSelezione.h"
 
-#include "drawing/VistaSuperficie.h"
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "model/StatoAmbiente.h"
+#include "model/VistaSuperficie.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSelectPrimitiva.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

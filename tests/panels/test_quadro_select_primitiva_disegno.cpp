@@ -3,11 +3,11 @@
 // dotted box of a picked text, the frame of every picture, found or not.
 #include "AzioniSelezione.h"
 
-#include "drawing/VistaSuperficie.h"
+#include "base/Configurazione.h"
 #include "model/StatoAmbiente.h"
+#include "model/VistaSuperficie.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSelectPrimitiva.h"
-#include "start/Configurazione.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

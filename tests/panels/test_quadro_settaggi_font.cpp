@@ -1,13 +1,13 @@
 // The font panel, opened as the text and settings panels open it and driven by keys.
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "model/StatoAmbiente.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSettaggiFont.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,11 +1,11 @@
 // Key 110 of the keyboard: a rich text file of the files folder, chosen on
 // the list, takes the place of the text.
 #include "archive/Archivi.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
 #include "input/QuadroMessaggi.h"
 #include "model/LimitiTesto.h"
 #include "panels/ProvaScriviTesto.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
 
 #include <QFile>
 #include <QtTest>

@@ -1,11 +1,11 @@
 // The keyboard in use: a one-switch user's name, the same by arrows and by the
 // physical keyboard, every key's action and the keys typed on the keyboard.
-#include "input/IconaSvg.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/IconaSvg.h"
+#include "base/Misure.h"
 #include "panels/ProvaScriviTesto.h"
 #include "panels/QuadroSettaggiFont.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/Misure.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,8 +1,8 @@
 // The rules of the keyboard's text, without any widget: the "_" cursor, the
 // edits, the measure of the lines and the lines of a confirmed text.
+#include "base/Utilita.h"
 #include "model/LimitiTesto.h"
-#include "panels/TestoConCursore.h"
-#include "start/Utilita.h"
+#include "text/TestoConCursore.h"
 
 #include <QtTest>
 

@@ -1,12 +1,12 @@
 // The printer list, opened from the configuration form's "Stampante": what it
 // shows, how a name is chosen, confirmed, kept in the configuration archive
 // and read back at the next start, and what cancelling leaves.
-#include "input/ConfigurazioniGenerali.h"
+#include "app/Avvio.h"
+#include "app/ConfigurazioniGenerali.h"
+#include "archive/RigaConfigurazione.h"
+#include "base/Bip.h"
 #include "printing/SceltaStampanti.h"
 #include "printing/Stampe.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
 

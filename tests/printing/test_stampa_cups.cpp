@@ -3,14 +3,14 @@
 // with hardware margins. The printer list shows the service's printers, one is
 // chosen by keys, and 132 sends the page to it; the message panel tells what
 // the service did with it, and the job the queue writes is read back as paper.
+#include "app/Avvio.h"
 #include "archive/ArchivioAzioni.h"
+#include "archive/RigaConfigurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
 #include "printing/SceltaStampanti.h"
 #include "printing/Stampe.h"
-#include "start/Avvio.h"
-#include "start/Configurazione.h"
 #include "support/Copione.h"
 
 #include "PaginaStampata.h"

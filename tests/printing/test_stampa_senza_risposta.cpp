@@ -3,14 +3,14 @@
 // hand the service's work to another thread and go on; the ring of a one-key
 // user keeps walking on the virtual clock while a page waits; the service's
 // silence reaches the user as a message once the bound on the wait has passed.
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
+#include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "printing/SceltaStampanti.h"
 #include "printing/ServizioStampa.h"
 #include "printing/Stampe.h"
-#include "start/Avvio.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
 #include "support/Copione.h"
 
 #include "RispostaMessaggi.h"

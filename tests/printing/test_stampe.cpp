@@ -3,7 +3,9 @@
 // (rasterised at 96 dpi), the title's words and font, and the canvas left on
 // its own ground afterwards.
 #include "PaginaStampata.h"
+#include "app/MenuGenerale.h"
 #include "archive/ArchivioAzioni.h"
+#include "base/Bip.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/GuidaDisegno.h"
 #include "drawing/GuidaSettaggi.h"
@@ -11,8 +13,6 @@
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
 #include "printing/Stampe.h"
-#include "start/Bip.h"
-#include "start/MenuGenerale.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
 

@@ -1,8 +1,14 @@
 #include "support/AmbienteProva.h"
 
+#include "app/Avvio.h"
+#include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/Installatore.h"
+#include "base/Bip.h"
+#include "base/Configurazione.h"
+#include "base/ScalaSchermo.h"
+#include "base/Utilita.h"
 #include "input/FormScansione.h"
 #include "input/QuadroMessaggi.h"
 #include "model/ElementoAttivo.h"
@@ -16,12 +22,6 @@
 #include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
 #include "panels/QuadroScriviTesto.h"
-#include "start/Avvio.h"
-#include "start/Bip.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
-#include "start/ScalaSchermo.h"
-#include "start/Utilita.h"
 
 #include <QtTest>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "start/GestioneErrori.h"
+#include "base/GestioneErrori.h"
 #include "support/VoceRegistrata.h"
 
 #include <QString>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "input/ConfigurazioniGenerali.h"
-#include "start/Configurazione.h"
-#include "start/MenuGenerale.h"
-#include "start/VisualizzaInformazioni.h"
+#include "app/ConfigurazioniGenerali.h"
+#include "app/MenuGenerale.h"
+#include "app/VisualizzaInformazioni.h"
+#include "base/Configurazione.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "input/Orologio.h"
+#include "base/Orologio.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "support/VoceRegistrata.h"
 
-#include "input/Orologio.h"
+#include "base/Orologio.h"
 
 #include <memory>
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+// The one way the program sounds a refusal. Tests count the calls.
+inline int ContatoreBip = 0;
+void Bip();
+
+// A name asked for just after a beep waits until the beep has been heard.
+inline constexpr int64_t PausaDopoBip = 400;
+inline int64_t IstanteUltimoBip = -PausaDopoBip;
+// The voice registers here when first used, so that a refusal silences it
+// without the floor calling a layer above it.
+inline void (*ZittisciAlBip)() = nullptr;
+
+// The one way the mouse pointer is parked off the screen, at (10000, 10000).
+void ParcheggiaMouse();
+
+// Hourglass while a form is built, default pointer afterwards.
+void PuntatoreClessidra();
+void PuntatorePredefinito();
