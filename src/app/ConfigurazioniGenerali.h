@@ -83,8 +83,15 @@ private:
     bool AlAnello(QEvent* evento);
 };
 
-// Global: 1 while the form fills its controls, whose change routines then do nothing.
-inline int16_t CaricamentoConfigurazioni = 0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoConfigurazioniGenerali {
+    // 1 while the form fills its controls, whose change routines then do nothing.
+    int16_t CaricamentoConfigurazioni = 0;
+    bool operator==(const StatoConfigurazioniGenerali&) const = default;
+};
+inline StatoConfigurazioniGenerali DatiConfigurazioniGenerali;
+// The names the program reads and writes them by.
+inline int16_t& CaricamentoConfigurazioni = DatiConfigurazioniGenerali.CaricamentoConfigurazioni;
 
 // The form while it is open, or nullptr.
 ConfigurazioniGenerali* ConfigurazioniAperte();

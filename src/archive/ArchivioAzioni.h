@@ -9,23 +9,38 @@
 
 class Superficie;
 
-// Inputs and outputs of the readers and writers, set before each call.
-inline int32_t CodiceDisegnoDaCaricare = 0;
-inline int32_t CodiceOggettoDaCaricare = 0;
-inline int32_t CodiceDisegnoDaRegistrare = 0;
-inline int32_t CodiceOggettoDaRegistrare = 0;
-
-// The drawing on the canvas: 1 it has a row in TabDisegni, 2 it is new.
-inline int16_t StatoDisegno = 2;
-// For RegistraDisegno when StatoDisegno is 1: 1 a new row, 0 overwrite the old one.
-inline int16_t RegistraComeNuovo = 0;
-inline QString NomeDisegnoCorrente;
-inline int32_t CodiceDisegnoCorrente = 0;
-
-inline QString NomeOggettoDaRegistrare;
-// The active folder of objects.
-inline int32_t CodiceCartellaObjAttiva = 0;
-inline QString NomeCartellaObjAttiva;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoArchivioAzioni {
+    // Inputs and outputs of the readers and writers, set before each call.
+    int32_t CodiceDisegnoDaCaricare = 0;
+    int32_t CodiceOggettoDaCaricare = 0;
+    int32_t CodiceDisegnoDaRegistrare = 0;
+    int32_t CodiceOggettoDaRegistrare = 0;
+    // The drawing on the canvas: 1 it has a row in TabDisegni, 2 it is new.
+    int16_t StatoDisegno = 2;
+    // For RegistraDisegno when StatoDisegno is 1: 1 a new row, 0 overwrite the old one.
+    int16_t RegistraComeNuovo = 0;
+    QString NomeDisegnoCorrente;
+    int32_t CodiceDisegnoCorrente = 0;
+    QString NomeOggettoDaRegistrare;
+    // The active folder of objects.
+    int32_t CodiceCartellaObjAttiva = 0;
+    QString NomeCartellaObjAttiva;
+    bool operator==(const StatoArchivioAzioni&) const = default;
+};
+inline StatoArchivioAzioni DatiArchivioAzioni;
+// The names the program reads and writes them by.
+inline int32_t& CodiceDisegnoDaCaricare = DatiArchivioAzioni.CodiceDisegnoDaCaricare;
+inline int32_t& CodiceOggettoDaCaricare = DatiArchivioAzioni.CodiceOggettoDaCaricare;
+inline int32_t& CodiceDisegnoDaRegistrare = DatiArchivioAzioni.CodiceDisegnoDaRegistrare;
+inline int32_t& CodiceOggettoDaRegistrare = DatiArchivioAzioni.CodiceOggettoDaRegistrare;
+inline int16_t& StatoDisegno = DatiArchivioAzioni.StatoDisegno;
+inline int16_t& RegistraComeNuovo = DatiArchivioAzioni.RegistraComeNuovo;
+inline QString& NomeDisegnoCorrente = DatiArchivioAzioni.NomeDisegnoCorrente;
+inline int32_t& CodiceDisegnoCorrente = DatiArchivioAzioni.CodiceDisegnoCorrente;
+inline QString& NomeOggettoDaRegistrare = DatiArchivioAzioni.NomeOggettoDaRegistrare;
+inline int32_t& CodiceCartellaObjAttiva = DatiArchivioAzioni.CodiceCartellaObjAttiva;
+inline QString& NomeCartellaObjAttiva = DatiArchivioAzioni.NomeCartellaObjAttiva;
 
 // Readers. They have no error trap of their own: a fault goes to the caller as
 // ErroreZanto, an owner without action rows as 3021, and the target list is

@@ -17,10 +17,20 @@ struct FineProgramma {
     int Codice = 0;
 };
 
-inline int16_t SezioneCorrente = 0;  // location mark of the running step
-inline int16_t EsitoErrore = 0;      // 1 retry, 2 next step, 3 leave
-inline int16_t RecordAssente = 0;    // a read found no row
-inline int16_t ScritturaFallita = 0; // the start-up write test failed
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoGestioneErrori {
+    int16_t SezioneCorrente = 0;  // location mark of the running step
+    int16_t EsitoErrore = 0;      // 1 retry, 2 next step, 3 leave
+    int16_t RecordAssente = 0;    // a read found no row
+    int16_t ScritturaFallita = 0; // the start-up write test failed
+    bool operator==(const StatoGestioneErrori&) const = default;
+};
+inline StatoGestioneErrori DatiGestioneErrori;
+// The names the program reads and writes them by.
+inline int16_t& SezioneCorrente = DatiGestioneErrori.SezioneCorrente;
+inline int16_t& EsitoErrore = DatiGestioneErrori.EsitoErrore;
+inline int16_t& RecordAssente = DatiGestioneErrori.RecordAssente;
+inline int16_t& ScritturaFallita = DatiGestioneErrori.ScritturaFallita;
 
 enum class IconaScatola { Critica, Esclamazione };
 

@@ -6,12 +6,20 @@
 
 #include <cstdint>
 
-// The one conversion from the program's twips to pixels of the screen. Every
-// control's place and size goes through it, so the whole layout scales here.
-inline double ScalaInterfaccia = 1.0;
-// The screen's logical dots per inch: a point size is made to cover as many
-// pixels as on the 96-dpi screen the layout was drawn for.
-inline double DpiCaratteri = 96.0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoMisure {
+    // The one conversion from the program's twips to pixels of the screen. Every
+    // control's place and size goes through it, so the whole layout scales here.
+    double ScalaInterfaccia = 1.0;
+    // The screen's logical dots per inch: a point size is made to cover as many
+    // pixels as on the 96-dpi screen the layout was drawn for.
+    double DpiCaratteri = 96.0;
+    bool operator==(const StatoMisure&) const = default;
+};
+inline StatoMisure DatiMisure;
+// The names the program reads and writes them by.
+inline double& ScalaInterfaccia = DatiMisure.ScalaInterfaccia;
+inline double& DpiCaratteri = DatiMisure.DpiCaratteri;
 int Px(int twips);
 QRect RettangoloTwips(int sinistra, int alto, int larghezza, int altezza);
 // Back from pixels of the screen to twips, for a place read off a form.

@@ -5,22 +5,36 @@
 
 #include <cstdint>
 
-// In: the text to cut. Out: its lines, from 1, each keeping its carriage return.
-inline QString TestoDaDividere;
-inline int16_t NumeroRigheTesto = 0;
-inline QStringList RigheTesto{QString()};
 void DividiTestoInRighe();
 
 bool FileEsiste(const QString& percorso);
 bool CartellaEsiste(const QString& percorso);
 
-// The file search: in, the root, the wanted extensions (".jpg") and whether to
-// walk the sub-directories; out, the full paths from 1 and their count.
-inline QString CartellaRicerca;
-inline QStringList EstensioniRicerca;
-inline int16_t RicercaSottocartelle = 0;
-inline QStringList ElencoFile{QString()};
-inline int16_t NumeroFile = 0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoUtilita {
+    // In: the text to cut. Out: its lines, from 1, each keeping its carriage return.
+    QString TestoDaDividere;
+    int16_t NumeroRigheTesto = 0;
+    QStringList RigheTesto{QString()};
+    // The file search: in, the root, the wanted extensions (".jpg") and whether to
+    // walk the sub-directories; out, the full paths from 1 and their count.
+    QString CartellaRicerca;
+    QStringList EstensioniRicerca;
+    int16_t RicercaSottocartelle = 0;
+    QStringList ElencoFile{QString()};
+    int16_t NumeroFile = 0;
+    bool operator==(const StatoUtilita&) const = default;
+};
+inline StatoUtilita DatiUtilita;
+// The names the program reads and writes them by.
+inline QString& TestoDaDividere = DatiUtilita.TestoDaDividere;
+inline int16_t& NumeroRigheTesto = DatiUtilita.NumeroRigheTesto;
+inline QStringList& RigheTesto = DatiUtilita.RigheTesto;
+inline QString& CartellaRicerca = DatiUtilita.CartellaRicerca;
+inline QStringList& EstensioniRicerca = DatiUtilita.EstensioniRicerca;
+inline int16_t& RicercaSottocartelle = DatiUtilita.RicercaSottocartelle;
+inline QStringList& ElencoFile = DatiUtilita.ElencoFile;
+inline int16_t& NumeroFile = DatiUtilita.NumeroFile;
 void RicercaFile();
 
 // A user's text line with runs of blanks made one, line ends dropped, trimmed.

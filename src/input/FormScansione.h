@@ -30,9 +30,16 @@ constexpr uint32_t Giallo = 0xFFFF00; // the green ring's colour in high contras
 // its panels is open: it sets this, and the panels that work on it call it.
 inline std::function<void(const QString& suggerimento)> AvvisoComandoAmbiente;
 
-// When the last choice was made, on the program's clock: presses that follow
-// it within TempoIgnoraDopoScelta come from a tremor, not from the user's will.
-inline int64_t IstanteUltimaScelta = std::numeric_limits<int64_t>::min() / 2;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoFormScansione {
+    // When the last choice was made, on the program's clock: presses that follow
+    // it within TempoIgnoraDopoScelta come from a tremor, not from the user's will.
+    int64_t IstanteUltimaScelta = std::numeric_limits<int64_t>::min() / 2;
+    bool operator==(const StatoFormScansione&) const = default;
+};
+inline StatoFormScansione DatiFormScansione;
+// The names the program reads and writes them by.
+inline int64_t& IstanteUltimaScelta = DatiFormScansione.IstanteUltimaScelta;
 
 // Set while a long job lets waiting events run: no key or click may then start
 // a routine of a screen again; the keys go to the job's own form, here.

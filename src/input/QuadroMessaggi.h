@@ -8,11 +8,21 @@
 
 class QTextEdit;
 
-// The call of the message panel: set the three inputs, open it, read the result.
-inline QString TestoQuadroMessaggi;
-inline int16_t TipoQuadroMessaggi = 0;             // button set 1..4
-inline int16_t TastoPredefinitoQuadroMessaggi = 0; // which answer holds the ring first
-inline int16_t EsitoQuadroMessaggi = 0;            // 1 yes/OK, 2 NO, 3 Annulla
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoQuadroMessaggi {
+    // The call of the message panel: set the three inputs, open it, read the result.
+    QString TestoQuadroMessaggi;
+    int16_t TipoQuadroMessaggi = 0;             // button set 1..4
+    int16_t TastoPredefinitoQuadroMessaggi = 0; // which answer holds the ring first
+    int16_t EsitoQuadroMessaggi = 0;            // 1 yes/OK, 2 NO, 3 Annulla
+    bool operator==(const StatoQuadroMessaggi&) const = default;
+};
+inline StatoQuadroMessaggi DatiQuadroMessaggi;
+// The names the program reads and writes them by.
+inline QString& TestoQuadroMessaggi = DatiQuadroMessaggi.TestoQuadroMessaggi;
+inline int16_t& TipoQuadroMessaggi = DatiQuadroMessaggi.TipoQuadroMessaggi;
+inline int16_t& TastoPredefinitoQuadroMessaggi = DatiQuadroMessaggi.TastoPredefinitoQuadroMessaggi;
+inline int16_t& EsitoQuadroMessaggi = DatiQuadroMessaggi.EsitoQuadroMessaggi;
 
 // The one modal message and question box: it scans like every other panel.
 class QuadroMessaggi : public FormScansione {

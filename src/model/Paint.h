@@ -20,9 +20,6 @@ struct TrattoRiempito {
     int Sinistra;
     int Destra;
 };
-// When set, every fill adds the spans it paints here: the vector copy of a
-// drawing gives each fill exactly the pixels the canvas gave it.
-inline std::vector<TrattoRiempito>* TrattiRiempiti = nullptr;
 
 // Flood fill for a surface whose coordinates are not pixels.
 class Paint {
@@ -47,6 +44,17 @@ private:
     Superficie* device_ = nullptr;
 };
 
-// The program's one Paint, made on first use and kept.
-inline std::unique_ptr<Paint> OggettoPaint;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoPaint {
+    // When set, every fill adds the spans it paints here: the vector copy of a
+    // drawing gives each fill exactly the pixels the canvas gave it.
+    std::vector<TrattoRiempito>* TrattiRiempiti = nullptr;
+    // The program's one Paint, made on first use and kept.
+    std::unique_ptr<Paint> OggettoPaint;
+    bool operator==(const StatoPaint&) const = default;
+};
+inline StatoPaint DatiPaint;
+// The names the program reads and writes them by.
+inline std::vector<TrattoRiempito>*& TrattiRiempiti = DatiPaint.TrattiRiempiti;
+inline std::unique_ptr<Paint>& OggettoPaint = DatiPaint.OggettoPaint;
 Paint& UsaOggettoPaint();

@@ -90,28 +90,47 @@ inline constexpr int32_t Grassetto = 2;
 inline constexpr int16_t Interlinea = 18;
 } // namespace Predefiniti
 
-// The lists. Element 0 exists and is never used; the count alone says how many
-// elements are valid, whatever the size of the array.
-inline QList<RecordAzione> Azioni{RecordAzione{}};
-inline int32_t NumeroAzioni = 0;
-inline QList<RecordAzione> ElementiAttivi{RecordAzione{}};
-inline int16_t NumeroElementiAttivi = 0;
-inline QList<RecordAzione> AzioniUndo{RecordAzione{}};
-inline int32_t NumeroAzioniUndo = 0;
-inline QList<RecordAzione> AzioniDaRegistrare{RecordAzione{}};
-inline int32_t NumeroAzioniDaRegistrare = 0;
-inline QList<RecordAzione> AzioniOggetto{RecordAzione{}};
-inline int32_t NumeroAzioniOggetto = 0;
-inline QList<RecordAzione> AzioniOggettoDaRegistrare{RecordAzione{}};
-inline int32_t NumeroAzioniOggettoDaRegistrare = 0;
-
-// The primitive being built or edited, and the index in Azioni it will
-// replace (0 when it is new).
-inline RecordAzione ElementoInCostruzione;
-inline int16_t IndiceElementoInModifica = 0;
-
-// Highest working-copy code in use; the base itself means none exists.
-inline int32_t CodiceCopiaLavoro = BaseCopieLavoro;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoAzioni {
+    // The lists. Element 0 exists and is never used; the count alone says how many
+    // elements are valid, whatever the size of the array.
+    QList<RecordAzione> Azioni{RecordAzione{}};
+    int32_t NumeroAzioni = 0;
+    QList<RecordAzione> ElementiAttivi{RecordAzione{}};
+    int16_t NumeroElementiAttivi = 0;
+    QList<RecordAzione> AzioniUndo{RecordAzione{}};
+    int32_t NumeroAzioniUndo = 0;
+    QList<RecordAzione> AzioniDaRegistrare{RecordAzione{}};
+    int32_t NumeroAzioniDaRegistrare = 0;
+    QList<RecordAzione> AzioniOggetto{RecordAzione{}};
+    int32_t NumeroAzioniOggetto = 0;
+    QList<RecordAzione> AzioniOggettoDaRegistrare{RecordAzione{}};
+    int32_t NumeroAzioniOggettoDaRegistrare = 0;
+    // The primitive being built or edited, and the index in Azioni it will
+    // replace (0 when it is new).
+    RecordAzione ElementoInCostruzione;
+    int16_t IndiceElementoInModifica = 0;
+    // Highest working-copy code in use; the base itself means none exists.
+    int32_t CodiceCopiaLavoro = BaseCopieLavoro;
+    bool operator==(const StatoAzioni&) const = default;
+};
+inline StatoAzioni DatiAzioni;
+// The names the program reads and writes them by.
+inline QList<RecordAzione>& Azioni = DatiAzioni.Azioni;
+inline int32_t& NumeroAzioni = DatiAzioni.NumeroAzioni;
+inline QList<RecordAzione>& ElementiAttivi = DatiAzioni.ElementiAttivi;
+inline int16_t& NumeroElementiAttivi = DatiAzioni.NumeroElementiAttivi;
+inline QList<RecordAzione>& AzioniUndo = DatiAzioni.AzioniUndo;
+inline int32_t& NumeroAzioniUndo = DatiAzioni.NumeroAzioniUndo;
+inline QList<RecordAzione>& AzioniDaRegistrare = DatiAzioni.AzioniDaRegistrare;
+inline int32_t& NumeroAzioniDaRegistrare = DatiAzioni.NumeroAzioniDaRegistrare;
+inline QList<RecordAzione>& AzioniOggetto = DatiAzioni.AzioniOggetto;
+inline int32_t& NumeroAzioniOggetto = DatiAzioni.NumeroAzioniOggetto;
+inline QList<RecordAzione>& AzioniOggettoDaRegistrare = DatiAzioni.AzioniOggettoDaRegistrare;
+inline int32_t& NumeroAzioniOggettoDaRegistrare = DatiAzioni.NumeroAzioniOggettoDaRegistrare;
+inline RecordAzione& ElementoInCostruzione = DatiAzioni.ElementoInCostruzione;
+inline int16_t& IndiceElementoInModifica = DatiAzioni.IndiceElementoInModifica;
+inline int32_t& CodiceCopiaLavoro = DatiAzioni.CodiceCopiaLavoro;
 
 // Appends ElementoInCostruzione to Azioni, by value. A selection box stays out.
 void AggiungiElementoInCostruzione();

@@ -237,9 +237,7 @@ void PrendiRiferimento() {
 }
 
 void AzzeraSelezione() {
-    RettangoloSelezione = {};
-    ElementiSelezionati = QList<int16_t>{0};
-    NumeroElementiSelezionati = 0;
+    DatiSelezione = StatoSelezione{};
 }
 
 void PrendiBoxRiferimento() {

@@ -18,13 +18,23 @@ struct BordiRettangolo {
     int16_t Alto = 0;
     int16_t Destra = 0;
     int16_t Basso = 0;
+    bool operator==(const BordiRettangolo&) const = default;
 };
-inline BordiRettangolo RettangoloSelezione;
 
-// Indices into Azioni of the actions taken by the last selection, 1-based and
-// ascending. They outlive the object: only a new selection replaces them.
-inline QList<int16_t> ElementiSelezionati{0};
-inline int16_t NumeroElementiSelezionati = 0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoSelezione {
+    BordiRettangolo RettangoloSelezione;
+    // Indices into Azioni of the actions taken by the last selection, 1-based and
+    // ascending. They outlive the object: only a new selection replaces them.
+    QList<int16_t> ElementiSelezionati{0};
+    int16_t NumeroElementiSelezionati = 0;
+    bool operator==(const StatoSelezione&) const = default;
+};
+inline StatoSelezione DatiSelezione;
+// The names the program reads and writes them by.
+inline BordiRettangolo& RettangoloSelezione = DatiSelezione.RettangoloSelezione;
+inline QList<int16_t>& ElementiSelezionati = DatiSelezione.ElementiSelezionati;
+inline int16_t& NumeroElementiSelezionati = DatiSelezione.NumeroElementiSelezionati;
 
 // The message the caller shows, with one button, when a selection finds nothing.
 inline const QString TestoNessunElementoSelezionato =

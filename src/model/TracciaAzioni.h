@@ -12,14 +12,22 @@
 
 class Superficie;
 
-// Pictures whose fault has been told in this visit of the drawing screen: a
-// missing picture shows as its frame on every replay, and is told only once.
-// A replay tells in one message all the pictures it finds missing.
-inline QSet<QString> ImmaginiSegnalate;
-
-// The stretch of the list to draw, both ends included.
-inline int16_t PrimaAzioneTraccia = 0;
-inline int16_t UltimaAzioneTraccia = 0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoTracciaAzioni {
+    // Pictures whose fault has been told in this visit of the drawing screen: a
+    // missing picture shows as its frame on every replay, and is told only once.
+    // A replay tells in one message all the pictures it finds missing.
+    QSet<QString> ImmaginiSegnalate;
+    // The stretch of the list to draw, both ends included.
+    int16_t PrimaAzioneTraccia = 0;
+    int16_t UltimaAzioneTraccia = 0;
+    bool operator==(const StatoTracciaAzioni&) const = default;
+};
+inline StatoTracciaAzioni DatiTracciaAzioni;
+// The names the program reads and writes them by.
+inline QSet<QString>& ImmaginiSegnalate = DatiTracciaAzioni.ImmaginiSegnalate;
+inline int16_t& PrimaAzioneTraccia = DatiTracciaAzioni.PrimaAzioneTraccia;
+inline int16_t& UltimaAzioneTraccia = DatiTracciaAzioni.UltimaAzioneTraccia;
 
 // Radius of the marker dot that stands for a fill not run, in twips.
 inline constexpr float RaggioTondino = 50;

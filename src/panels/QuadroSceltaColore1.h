@@ -4,9 +4,16 @@
 
 #include <cstdint>
 
-// In: the colour in use, on whose button the ring starts. Out: the colour
-// chosen, or -1 when the panel was left without a choice. 0x00BBGGRR.
-inline int32_t ColoreScelto = -1;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoQuadroSceltaColore1 {
+    // In: the colour in use, on whose button the ring starts. Out: the colour
+    // chosen, or -1 when the panel was left without a choice. 0x00BBGGRR.
+    int32_t ColoreScelto = -1;
+    bool operator==(const StatoQuadroSceltaColore1&) const = default;
+};
+inline StatoQuadroSceltaColore1 DatiQuadroSceltaColore1;
+// The names the program reads and writes them by.
+inline int32_t& ColoreScelto = DatiQuadroSceltaColore1.ColoreScelto;
 
 // The colour chooser: 24 square buttons in three rows of eight, 22 of them a
 // fixed colour. The buttons are the table: each keeps its colour as its

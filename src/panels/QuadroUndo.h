@@ -10,9 +10,16 @@
 class QSlider;
 class VistaSuperficie;
 
-// The step of the history chosen on the undo panel: 0 the empty drawing, n the
-// working copy BaseCopieLavoro + n.
-inline int16_t PassoUndo = 0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoQuadroUndo {
+    // The step of the history chosen on the undo panel: 0 the empty drawing, n the
+    // working copy BaseCopieLavoro + n.
+    int16_t PassoUndo = 0;
+    bool operator==(const StatoQuadroUndo&) const = default;
+};
+inline StatoQuadroUndo DatiQuadroUndo;
+// The names the program reads and writes them by.
+inline int16_t& PassoUndo = DatiQuadroUndo.PassoUndo;
 
 // Goes back through the working copies one by one: each step is drawn on a
 // surface of the panel's own, and the one in view when the user chooses is

@@ -11,16 +11,31 @@ class QLabel;
 class QPushButton;
 class VistaSuperficie;
 
-// What a long job shows and how it learns that the user wants it stopped.
-inline int16_t ModoAvanzamento = 0; // 1 text only, any other value a bar in ten steps
-inline QString TestoAvanzamento;
-inline int16_t PassiAvanzamento = 0; // 0 starts the bar again
-inline int16_t AnnullaProcesso = 0;  // 1 once the user asked to stop
-inline int16_t PassoBarra = 0;
-inline int16_t PosizioneBarra = 0;
-inline int16_t AltezzaBarra = 0;
-inline int16_t LarghezzaBarra = 0;
-inline int16_t CentroBarra = 0;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoVideaAvanzamento {
+    // What a long job shows and how it learns that the user wants it stopped.
+    int16_t ModoAvanzamento = 0; // 1 text only, any other value a bar in ten steps
+    QString TestoAvanzamento;
+    int16_t PassiAvanzamento = 0; // 0 starts the bar again
+    int16_t AnnullaProcesso = 0;  // 1 once the user asked to stop
+    int16_t PassoBarra = 0;
+    int16_t PosizioneBarra = 0;
+    int16_t AltezzaBarra = 0;
+    int16_t LarghezzaBarra = 0;
+    int16_t CentroBarra = 0;
+    bool operator==(const StatoVideaAvanzamento&) const = default;
+};
+inline StatoVideaAvanzamento DatiVideaAvanzamento;
+// The names the program reads and writes them by.
+inline int16_t& ModoAvanzamento = DatiVideaAvanzamento.ModoAvanzamento;
+inline QString& TestoAvanzamento = DatiVideaAvanzamento.TestoAvanzamento;
+inline int16_t& PassiAvanzamento = DatiVideaAvanzamento.PassiAvanzamento;
+inline int16_t& AnnullaProcesso = DatiVideaAvanzamento.AnnullaProcesso;
+inline int16_t& PassoBarra = DatiVideaAvanzamento.PassoBarra;
+inline int16_t& PosizioneBarra = DatiVideaAvanzamento.PosizioneBarra;
+inline int16_t& AltezzaBarra = DatiVideaAvanzamento.AltezzaBarra;
+inline int16_t& LarghezzaBarra = DatiVideaAvanzamento.LarghezzaBarra;
+inline int16_t& CentroBarra = DatiVideaAvanzamento.CentroBarra;
 
 // The progress of a long job, with the button that asks it to stop. It scans
 // nothing: the one button is there for the choice key as well as the pointer.

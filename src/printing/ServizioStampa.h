@@ -10,8 +10,15 @@
 // that gives up after AttesaServizioStampa: a print server that does not answer
 // never stops the ring. Each answer comes back on the screen's thread.
 
-// How long one exchange with the print service may take, in milliseconds.
-inline int AttesaServizioStampa = 15000;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoServizioStampa {
+    // How long one exchange with the print service may take, in milliseconds.
+    int AttesaServizioStampa = 15000;
+    bool operator==(const StatoServizioStampa&) const = default;
+};
+inline StatoServizioStampa DatiServizioStampa;
+// The names the program reads and writes them by.
+inline int& AttesaServizioStampa = DatiServizioStampa.AttesaServizioStampa;
 
 struct RispostaStampanti {
     bool Raggiunto = false; // the service answered

@@ -13,9 +13,6 @@ class QPrinter;
 class QRectF;
 class Superficie;
 
-// The printer the program prints on: StampanteScelta when the system has it,
-// otherwise the system's own (empty).
-inline QString StampanteProgramma;
 // The system's printers by name, in the system's order. Tests put their own list here.
 inline std::function<QStringList()> ElencoStampanti;
 // The printers as the print service last told them (or the tests' list).
@@ -30,9 +27,20 @@ QString StampanteInUso();
 // Makes `nome` the program's printer when the system has one of that exact
 // name; otherwise the printer stays as it was. True when found.
 bool ImpostaStampanteProgramma(const QString& nome);
-// A PDF file to print into in place of a printer: empty for a printer. The
-// tests and the benchmarks print here.
-inline QString FileStampa;
+// What this unit keeps while the program runs: one structure, reset whole.
+struct StatoStampe {
+    // The printer the program prints on: StampanteScelta when the system has it,
+    // otherwise the system's own (empty).
+    QString StampanteProgramma;
+    // A PDF file to print into in place of a printer: empty for a printer. The
+    // tests and the benchmarks print here.
+    QString FileStampa;
+    bool operator==(const StatoStampe&) const = default;
+};
+inline StatoStampe DatiStampe;
+// The names the program reads and writes them by.
+inline QString& StampanteProgramma = DatiStampe.StampanteProgramma;
+inline QString& FileStampa = DatiStampe.FileStampa;
 
 // Prints the canvas as it is, one page with the drawing's title line above it,
 // after asking whether to print and whether to keep the background colour.
