@@ -7,6 +7,7 @@
 #include "drawing/ComandiPrimitive.h"
 #include "drawing/ComandiSettaggi.h"
 #include "drawing/ComandiStoria.h"
+#include "drawing/TabellaComandi.h"
 
 #include <cstdint>
 
@@ -15,9 +16,9 @@ class AmbienteDisegno;
 // The location mark of each command of the drawing screen.
 int16_t MarcaComando(int16_t indice);
 
-// The click routine of the 33 buttons of the drawing screen: a chain of tests
-// on the button and the three state variables, the red button first. It only
-// tests and routes; each family of commands is a unit of its own.
+// The click routine of the 33 buttons of the drawing screen: the red button
+// first, then the button's entry in TabellaComandi, its condition and its
+// routine. It only tests and routes; each family of commands is a unit of its own.
 class ComandiDisegno {
 public:
     explicit ComandiDisegno(AmbienteDisegno& ambiente)
@@ -27,6 +28,8 @@ public:
     void TastoDisegno_Click(int16_t indice);
 
 private:
+    friend const TabellaComandiDisegno& TabellaComandi();
+
     void Comando(int16_t indice);
 
     AmbienteDisegno& a_;

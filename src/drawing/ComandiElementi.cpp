@@ -71,13 +71,10 @@ void ComandiElementi::InMovimento(int16_t primitiva) {
 }
 
 void ComandiElementi::ScritturaTesti() {
+    // A text taken back into the hands opens on its own lines.
     const bool riaperto =
         ElementoRiaperto == 1 && ElementoInCostruzione.TipoAzione == TipiAzione::Testo;
     if (!riaperto) {
-        if (PrimitivaAttiva > 0 || ComandoModifica > 0 || OggettoAttivo == 1) {
-            a_.Rifiuta();
-            return;
-        }
         NumeroRigheScritte = 0;
         RigheScritte = QStringList{QString()};
     }

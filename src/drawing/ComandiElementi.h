@@ -14,7 +14,7 @@ class ComandiElementi {
 public:
     explicit ComandiElementi(AmbienteDisegno& ambiente) : a_(ambiente) {}
 
-    void ScritturaTesti();
+    void ScritturaTesti(); // a new text, or the one taken back into the hands
     void ImportaImmagine();
     void ScegliElemento(); // in ComandiSceltaElemento.cpp
 

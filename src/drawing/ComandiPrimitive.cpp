@@ -126,10 +126,6 @@ void ComandiPrimitive::SceltaFormePieneVuote() {
 }
 
 void ComandiPrimitive::Fissa() {
-    if (PrimitivaAttiva == 0 && OggettoAttivo == 0) {
-        a_.Rifiuta();
-        return;
-    }
     Superficie& q = a_.Quadro;
     if (PrimitivaAttiva > 0) {
         if (PrimitivaAttiva == 114) {

@@ -20,7 +20,7 @@ public:
     void ColoraZona();
     void SceltaFormePieneVuote();
     void DuplicaUltima();
-    void Fissa();
+    void Fissa(); // something is open: its condition stands in TabellaComandi
     void Annulla();
 
 private:
