@@ -4,6 +4,7 @@
 #include "archive/BitmapDisegni.h"
 #include "archive/IstruzioniArchivio.h"
 #include "archive/RigheAzioni.h"
+#include "archive/ScritturaDisegno.h"
 #include "base/CartellaAttiva.h"
 #include "base/GestioneErrori.h"
 #include "base/MappaErrori.h"
@@ -49,16 +50,6 @@ bool RegistraAzioni(const TabellaAzioni& t, int32_t codice, const QList<RecordAz
                 }},
            }) &&
            scritto;
-}
-
-void InserisciTestaDisegno(int32_t codice, const QString& nome, int32_t codiceCartella) {
-    QSqlQuery q = Prepara(Archivio(ArchivioDisegni),
-                          QStringLiteral("INSERT INTO TabDisegni (CodiceDisegno, NomeDisegno,"
-                                         " CodiceCartella) VALUES (?, ?, ?)"));
-    q.addBindValue(codice);
-    q.addBindValue(nome);
-    q.addBindValue(codiceCartella);
-    Esegui(q);
 }
 
 } // namespace
@@ -132,116 +123,30 @@ bool RegistraDisegno(const Superficie& quadro) {
 
 bool RegistraDisegno(const Superficie& quadro, const QString& nome) {
     const bool nuovo = StatoDisegno == 2 || RegistraComeNuovo == 1;
-    int32_t codice = CodiceDisegnoCorrente;
-    // A new drawing's code, and so its bitmap's name, is known only once chosen.
-    QString percorso;
-    // The bitmap of the same drawing under its old name (another case, other
-    // accents): it goes once the new one stands, or it would stay for ever.
-    QString percorsoVecchio;
-    std::optional<Transazione> transazione;
-    // A file left aside by an earlier save marks its drawing until the start
-    // repairs it: only one this save made may go when the save fails.
-    bool aParteEsisteva = false;
-    bool scrittaAParte = false;
-    bool confermaTentata = false;
-    bool confermato = false;
-    int passiFatti = 0;
-    const auto sonda = [](int16_t sezione) {
+    ScritturaDisegno scrittura;
+    scrittura.Nome = nome;
+    scrittura.Nuovo = nuovo;
+    scrittura.Codice = CodiceDisegnoCorrente;
+    scrittura.Sezioni = {4300, 4310, 4320, 4330, 4340, 4350, 4390};
+    scrittura.PrimaDelleRighe = [](int32_t codice) {
+        CodiceDisegnoDaRegistrare = codice;
+        CopiaAzioniInDaRegistrare();
+    };
+    scrittura.Azioni = &AzioniDaRegistrare;
+    scrittura.NumeroAzioni = &NumeroAzioniDaRegistrare;
+    scrittura.Bitmap = [&quadro] { return quadro.ImmagineBmp(); };
+    scrittura.Sonda = [](int16_t sezione) {
         if (SondaRegistraDisegno) SondaRegistraDisegno(sezione);
     };
-    const bool riuscito = EseguiPassi({
-        {4300,
-         [&] {
-             sonda(4300);
-             transazione.emplace(Archivio(ArchivioDisegni));
-             ++passiFatti;
-         }},
-        {4310,
-         [&] {
-             if (passiFatti != 1) return;
-             sonda(4310);
-             QSqlDatabase db = Archivio(ArchivioDisegni);
-             if (nuovo) {
-                 codice = CodiceLiberoMinimo(TipoCodice::Disegno);
-                 InserisciTestaDisegno(codice, nome, CodiceCartellaAttiva);
-             } else {
-                 const RigaArchivio vecchia = TestaDisegno(codice);
-                 if (vecchia.Cartella == CodiceCartellaAttiva)
-                     percorsoVecchio = PercorsoBitmapDisegno(
-                         NomeCartellaAttiva, CodiceCartellaAttiva, vecchia.Nome, codice);
-                 QSqlQuery q = Prepara(db, QStringLiteral("UPDATE TabDisegni SET NomeDisegno = ?,"
-                                                          " CodiceCartella = ?"
-                                                          " WHERE CodiceDisegno = ?"));
-                 q.addBindValue(nome);
-                 q.addBindValue(CodiceCartellaAttiva);
-                 q.addBindValue(codice);
-                 Esegui(q);
-                 if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
-                 EliminaAzioniDisegno(codice);
-             }
-             ++passiFatti;
-         }},
-        {4320,
-         [&] {
-             if (passiFatti != 2) return;
-             sonda(4320);
-             CodiceDisegnoDaRegistrare = codice;
-             CopiaAzioniInDaRegistrare();
-             ScriviRigheAzioni(TabellaAzioniDisegno(), CodiceDisegnoDaRegistrare,
-                               AzioniDaRegistrare, NumeroAzioniDaRegistrare);
-             ++passiFatti;
-         }},
-        {4330,
-         [&] {
-             if (passiFatti != 3) return;
-             sonda(4330);
-             percorso =
-                 PercorsoBitmapDisegno(NomeCartellaAttiva, CodiceCartellaAttiva, nome, codice);
-             const QByteArray dati = quadro.ImmagineBmp();
-             aParteEsisteva = QFileInfo(PercorsoBitmapNuova(percorso)).isFile();
-             scrittaAParte = true;
-             ScriviBitmapAParte(percorso, dati);
-             ++passiFatti;
-         }},
-        {4340,
-         [&] {
-             if (passiFatti != 4) return;
-             sonda(4340);
-             confermaTentata = true;
-             transazione->Conferma();
-             confermato = true;
-             ++passiFatti;
-         }},
-        {4350,
-         [&] {
-             if (passiFatti != 5) return;
-             sonda(4350);
-             SostituisciBitmap(percorso);
-             if (!percorsoVecchio.isEmpty() && percorsoVecchio != percorso)
-                 QFile::remove(percorsoVecchio);
-             ++passiFatti;
-         }},
-        {4390,
-         [&] {
-             if (passiFatti != 6) return;
-             sonda(4390);
-             ++passiFatti;
-         }},
-    });
-    // Before a commit was tried the old rows stand, and the old bitmap shows
-    // them. A commit that failed keeps the file aside: whether the rows went
-    // in, the start will tell.
-    if (scrittaAParte && !confermaTentata && !aParteEsisteva)
-        QFile::remove(PercorsoBitmapNuova(percorso));
-    transazione.reset();
+    const EsitoScrittura esito = ScriviDisegno(scrittura);
     // The name follows the rows: a save that never committed leaves the name
     // of the drawing the code still belongs to.
-    if (confermato) {
-        CodiceDisegnoCorrente = codice;
+    if (esito.Confermato) {
+        CodiceDisegnoCorrente = esito.Codice;
         NomeDisegnoCorrente = nome;
         if (nuovo) StatoDisegno = 1;
     }
-    return riuscito && passiFatti == 7;
+    return esito.Riuscito;
 }
 
 bool RegistraOggetto(int32_t codiceDaSostituire) {
