@@ -4,6 +4,7 @@
 // filled box, a text and a picture, and the picture's bytes.
 #include "archive/FileScambio.h"
 #include "model/RecordAzione.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -11,14 +12,9 @@
 inline ContenutoScambio ScambioDiProva(const QString& figura) {
     ContenutoScambio c;
     c.NomeDisegno = QStringLiteral("L'albero di Zoë");
-    RecordAzione linea;
-    linea.TipoAzione = TipiAzione::Linea;
-    linea.XInizio = 100, linea.YInizio = 200, linea.XFine = 9000, linea.YFine = 7000;
-    linea.ColLinea = 0x123456, linea.SpessLinea = 4;
-    RecordAzione box;
-    box.TipoAzione = TipiAzione::Rettangolo;
-    box.XInizio = 1000, box.YInizio = 1000, box.XFine = 4000, box.YFine = 3000;
-    box.ColZona = 0x00FF00, box.FlagPienoVuoto = FlagPieno, box.SpessLinea = 1;
+    const RecordAzione linea = CostruttoriAzioni::Linea(100, 200, 9000, 7000, 0x123456, 4);
+    RecordAzione box =
+        CostruttoriAzioni::Rettangolo(1000, 1000, 4000, 3000, FlagPieno, 0, 0x00FF00);
     box.XCentro = 1.25f, box.RadFine = -2.5f;
     RecordAzione testo;
     testo.TipoAzione = TipiAzione::Testo;

@@ -11,6 +11,7 @@
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
 
 #include <QDir>
@@ -314,16 +315,8 @@ void TestArchivioAzioni::bitmap_si_rilegge_con_le_misure_e_i_pixel_del_quadro() 
     ApriCartellaDiSistema();
     Superficie quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno);
     quadro.ImpostaBackColor(Predefiniti::ColoreSfondo);
-    RecordAzione box;
-    box.TipoAzione = TipiAzione::Rettangolo;
-    box.XInizio = 1500;
-    box.YInizio = 1500;
-    box.XFine = 4500;
-    box.YFine = 4500;
-    box.ColLinea = 0x0000FF;
-    box.ColZona = 0x00FF00;
-    box.FlagPienoVuoto = FlagPieno;
-    box.SpessLinea = 1;
+    const RecordAzione box =
+        CostruttoriAzioni::Rettangolo(1500, 1500, 4500, 4500, FlagPieno, 0x0000FF, 0x00FF00);
     PreparaDisegno({RecordAzione{}, box});
     PrimaAzioneTraccia = 1;
     UltimaAzioneTraccia = 1;
@@ -839,11 +832,7 @@ void TestArchivioAzioni::righe_gia_presenti_fanno_fallire_tutta_la_scrittura() {
 void TestArchivioAzioni::oggetto_da_una_selezione_tiene_i_tondini() {
     AmbienteProva amb;
     amb.ApriArchivi();
-    RecordAzione tondino;
-    tondino.TipoAzione = TipiAzione::Colorazione;
-    tondino.XCentro = 100.25f;
-    tondino.YCentro = 200.75f;
-    tondino.FlagPienoVuoto = FlagVuoto;
+    const RecordAzione tondino = CostruttoriAzioni::Colorazione(100.25f, 200.75f, 0, FlagVuoto);
     ElementiAttivi = {RecordAzione{}, UnaDiOgniTipo()[1], tondino};
     NumeroElementiAttivi = 2;
     NomeOggettoDaRegistrare = QStringLiteral("Fiore");

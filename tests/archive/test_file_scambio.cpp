@@ -13,6 +13,7 @@
 #include "archive/IstruzioniArchivio.h"
 #include "model/LimitiTesto.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 
 #include "FileScambioProva.h"
 
@@ -278,10 +279,7 @@ private slots:
     void un_elemento_che_il_disegno_non_sa_tracciare_si_rifiuta() {
         // An ellipse with no radius at all is 0/0 at every replay.
         ContenutoScambio c = ScambioDiProva(figura_);
-        RecordAzione ellisse;
-        ellisse.TipoAzione = TipiAzione::Ellisse;
-        ellisse.XCentro = 3000, ellisse.YCentro = 3000, ellisse.SpessLinea = 1;
-        c.Azioni << ellisse;
+        c.Azioni << CostruttoriAzioni::Ellisse(3000, 3000, 0, 0, FlagNonApplicabile);
         c.NumeroAzioni = 5;
         ScriviFileScambio(file_, c);
         QVERIFY(Rifiuto(file_).contains(QStringLiteral("non si possono disegnare")));

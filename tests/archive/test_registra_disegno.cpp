@@ -12,6 +12,7 @@
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/OrologioVirtuale.h"
 #include "support/SondePixel.h"
 
@@ -49,25 +50,11 @@ int Conta(const QString& testo) {
 
 // A drawing that fills the canvas with `colore`, and `linee` short lines more.
 QList<RecordAzione> Disegno(int32_t colore, int linee = 0) {
-    RecordAzione fondo;
-    fondo.TipoAzione = TipiAzione::Rettangolo;
-    fondo.XFine = LarghezzaQuadroDisegno;
-    fondo.YFine = AltezzaQuadroDisegno;
-    fondo.ColLinea = colore;
-    fondo.ColZona = colore;
-    fondo.FlagPienoVuoto = FlagPieno;
-    fondo.SpessLinea = 1;
-    QList<RecordAzione> lista{RecordAzione{}, fondo};
-    for (int i = 1; i <= linee; ++i) {
-        RecordAzione linea;
-        linea.TipoAzione = TipiAzione::Linea;
-        linea.XInizio = 30 * i;
-        linea.YInizio = 9000;
-        linea.XFine = 30 * i;
-        linea.YFine = 9900;
-        linea.SpessLinea = 1;
-        lista.append(linea);
-    }
+    QList<RecordAzione> lista{RecordAzione{}, CostruttoriAzioni::Rettangolo(
+                                                  0, 0, LarghezzaQuadroDisegno,
+                                                  AltezzaQuadroDisegno, FlagPieno, colore, colore)};
+    for (int i = 1; i <= linee; ++i)
+        lista.append(CostruttoriAzioni::Linea(30 * i, 9000, 30 * i, 9900));
     return lista;
 }
 

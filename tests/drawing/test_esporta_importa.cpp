@@ -19,6 +19,7 @@
 #include "model/TracciaAzioni.h"
 #include "printing/EsportaDisegno.h"
 #include "support/Copione.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/Sonde.h"
 
 #include "../printing/PaginaStampata.h"
@@ -52,27 +53,12 @@ RecordAzione Azione(int32_t tipo) {
 // A drawing of every kind of action, a picture of the files folder among them.
 QList<RecordAzione> Giardino(const QString& figura) {
     QList<RecordAzione> l{RecordAzione{}};
-    RecordAzione linea = Azione(TipiAzione::Linea);
-    linea.XInizio = 1000, linea.YInizio = 1000, linea.XFine = 6000, linea.YFine = 2000;
-    linea.ColLinea = Blu, linea.SpessLinea = 3;
-    l << linea;
-    RecordAzione box = Azione(TipiAzione::Rettangolo);
-    box.XInizio = 2000, box.YInizio = 3000, box.XFine = 5000, box.YFine = 6000;
-    box.ColLinea = Nero, box.ColZona = Verde, box.FlagPienoVuoto = FlagPieno, box.SpessLinea = 2;
-    l << box;
-    RecordAzione ellisse = Azione(TipiAzione::Ellisse);
-    ellisse.XCentro = 10000, ellisse.YCentro = 3000, ellisse.RaggioOriz = 1500;
-    ellisse.RaggioVert = 1000, ellisse.ColLinea = Rosso, ellisse.FlagPienoVuoto = FlagVuoto;
-    ellisse.SpessLinea = 1;
-    l << ellisse;
-    RecordAzione zona = Azione(TipiAzione::Colorazione);
-    zona.XCentro = 10000, zona.YCentro = 3000, zona.ColZona = Giallo, zona.ColLinea = Nero;
-    zona.FlagPienoVuoto = FlagPieno;
-    l << zona;
-    RecordAzione arco = Azione(TipiAzione::Arco);
-    arco.XCentro = 7000, arco.YCentro = 7000, arco.RaggioOriz = 1500, arco.RaggioVert = 1500;
-    arco.RadIniz = 0, arco.RadFine = 3, arco.ColLinea = Nero, arco.SpessLinea = 2;
-    l << arco;
+    using namespace CostruttoriAzioni;
+    l << Linea(1000, 1000, 6000, 2000, Blu, 3);
+    l << Rettangolo(2000, 3000, 5000, 6000, FlagPieno, Nero, Verde, 2);
+    l << Ellisse(10000, 3000, 1000, 1500, FlagVuoto, Rosso);
+    l << Colorazione(10000, 3000, Giallo, FlagPieno, Nero);
+    l << Arco(7000, 7000, 1500, 1500, 0, 3, Nero, 0, 2);
     RecordAzione testo = Azione(TipiAzione::Testo);
     testo.XInizio = 800, testo.YInizio = 8000, testo.Testo = QStringLiteral("CIAO");
     testo.NomeFont = QStringLiteral("Arial"), testo.SizeFont = 20, testo.Grassetto = 1;

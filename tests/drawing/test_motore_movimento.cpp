@@ -9,6 +9,7 @@
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QtTest>
 
@@ -21,52 +22,20 @@ using namespace TastiFreccia;
 constexpr int32_t W = LarghezzaQuadroDisegno;
 constexpr int32_t H = AltezzaQuadroDisegno;
 
-RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.SpessLinea = 1;
-    return a;
-}
+using CostruttoriAzioni::Linea;
 
 RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-    RecordAzione a = Linea(x1, y1, x2, y2);
-    a.TipoAzione = TipiAzione::Rettangolo;
-    a.FlagPienoVuoto = FlagVuoto;
-    return a;
+    return CostruttoriAzioni::Rettangolo(x1, y1, x2, y2, FlagVuoto);
 }
 
 RecordAzione Ellisse(float xc, float yc, float rv, float ro) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Ellisse;
-    a.XCentro = xc;
-    a.YCentro = yc;
-    a.RaggioVert = rv;
-    a.RaggioOriz = ro;
-    a.FlagPienoVuoto = FlagVuoto;
-    a.SpessLinea = 1;
-    return a;
+    return CostruttoriAzioni::Ellisse(xc, yc, rv, ro, FlagVuoto);
 }
 
-RecordAzione Arco(float xc, float yc, float rv, float ro, float inizio, float fine) {
-    RecordAzione a = Ellisse(xc, yc, rv, ro);
-    a.TipoAzione = TipiAzione::Arco;
-    a.FlagPienoVuoto = 0;
-    a.RadIniz = inizio;
-    a.RadFine = fine;
-    return a;
-}
+using CostruttoriAzioni::Arco;
 
 RecordAzione Colorazione(float x, float y) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Colorazione;
-    a.XCentro = x;
-    a.YCentro = y;
-    a.FlagPienoVuoto = FlagVuoto;
-    return a;
+    return CostruttoriAzioni::Colorazione(x, y, 0, FlagVuoto);
 }
 
 // One key on RecordLavoro under one command; gives the beeps it cost.
@@ -88,8 +57,7 @@ int FinoAlRifiuto(int16_t comando, int16_t tasto) {
 // A group taken as the selection leaves it: its reference box and the two
 // resize steps, a tenth of the box.
 void Gruppo(const QList<RecordAzione>& elementi) {
-    ElementiAttivi = QList<RecordAzione>{RecordAzione{}} + elementi;
-    NumeroElementiAttivi = int16_t(elementi.size());
+    CostruttoriAzioni::MettiAttivi(elementi);
     OggettoAttivo = 1;
     ModoIngombro = 1;
     CalcolaIngombro();

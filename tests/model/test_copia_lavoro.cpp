@@ -11,7 +11,9 @@
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
+#include "support/TelaProva.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -23,32 +25,18 @@
 namespace {
 
 using namespace SondePixel;
+using CostruttoriAzioni::MettiAttivi;
+using CostruttoriAzioni::MettiAzioni;
 
-constexpr int32_t Sfondo = 0xC0C0C0;
-constexpr int32_t Nero = 0x000000;
-constexpr int32_t Rosso = 0x0000FF;
-constexpr int32_t Verde = 0x00FF00;
-constexpr int32_t Blu = 0xFF0000;
-constexpr int32_t Bianco = 0xFFFFFF;
 const QString CR(QChar(u'\r'));
 
-bool Vicino(const QImage& img, double x, double y, int32_t colore) {
-    for (int dy = -1; dy <= 1; ++dy)
-        for (int dx = -1; dx <= 1; ++dx)
-            if (Colore(img, Px(x) + dx, Px(y) + dy) == colore) return true;
-    return false;
-}
-
-struct Quadro {
-    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
+struct Quadro : TelaProva {
     Quadro() {
-        S.ImpostaBackColor(Sfondo);
         // As an open element leaves the canvas: dotted, thin, transparent.
         S.DrawStyle = 2;
         S.DrawWidth = 1;
         S.FillStyle = 1;
     }
-    int32_t Bitmap(double x, double y) const { return Colore(S.Immagine(), Px(x), Px(y)); }
 };
 
 // The records a command opens, by Part of the drawing screen's table.
@@ -119,16 +107,6 @@ int Conta(const QString& testo) {
     QSqlQuery q(Archivio(ArchivioDisegni));
     if (!q.exec(testo) || !q.next()) qFatal("%s", qPrintable(q.lastError().text()));
     return q.value(0).toInt();
-}
-
-void Azioni_(const QList<RecordAzione>& lista) {
-    Azioni = QList<RecordAzione>{RecordAzione{}} + lista;
-    NumeroAzioni = int32_t(lista.size());
-}
-
-void Attivi(const QList<RecordAzione>& lista) {
-    ElementiAttivi = QList<RecordAzione>{RecordAzione{}} + lista;
-    NumeroElementiAttivi = int16_t(lista.size());
 }
 
 RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
@@ -378,7 +356,7 @@ void TestCopiaLavoro::prima_copia_di_lavoro_ha_codice_1000001_e_tutte_le_azioni(
     RecordAzione testo = NuovaLinea();
     testo.TipoAzione = TipiAzione::Testo;
     testo.Testo = QStringLiteral("l'apostrofo") + CR + QStringLiteral("resta");
-    Azioni_({Linea(1, 2, 3, 4), NuovaColorazione(10.25f, 20.5f), testo});
+    MettiAzioni({Linea(1, 2, 3, 4), NuovaColorazione(10.25f, 20.5f), testo});
     QVERIFY(RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, 1000001);
     QSqlQuery q(Archivio(ArchivioDisegni));
@@ -399,9 +377,9 @@ void TestCopiaLavoro::copie_successive_hanno_codici_contigui() {
     AmbienteProva amb;
     amb.ApriArchivi();
     CodiceCartellaAttiva = 1;
-    Azioni_({Linea(1, 2, 3, 4)});
+    MettiAzioni({Linea(1, 2, 3, 4)});
     QVERIFY(RegistraCopiaLavoro());
-    Azioni_({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
+    MettiAzioni({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
     QVERIFY(RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, 1000002);
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno"
@@ -433,7 +411,7 @@ void TestCopiaLavoro::guasto_della_riga_di_testa_lascia_archivio_e_contatore() {
     AmbienteProva amb;
     amb.ApriArchivi();
     CodiceCartellaAttiva = 999; // no such folder: the head row can't go in
-    Azioni_({Linea(1, 2, 3, 4)});
+    MettiAzioni({Linea(1, 2, 3, 4)});
     QVERIFY(!RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro);
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 0);
@@ -446,11 +424,11 @@ void TestCopiaLavoro::guasto_delle_righe_lascia_archivio_e_contatore() {
     AmbienteProva amb;
     amb.ApriArchivi();
     CodiceCartellaAttiva = 1;
-    Azioni_({Linea(1, 2, 3, 4)});
+    MettiAzioni({Linea(1, 2, 3, 4)});
     QVERIFY(RegistraCopiaLavoro());
     Sql(QStringLiteral("CREATE TRIGGER Rifiuta BEFORE INSERT ON TabAzioniDisegno"
                        " WHEN NEW.NumAzione = 2 BEGIN SELECT RAISE(ABORT, 'rifiutata'); END"));
-    Azioni_({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
+    MettiAzioni({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
     QVERIFY(!RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro + 1);
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabDisegni")), 1);
@@ -469,13 +447,13 @@ void TestCopiaLavoro::righe_rifiutate_non_lasciano_la_testa_anche_se_non_si_puo_
     AmbienteProva amb;
     amb.ApriArchivi();
     CodiceCartellaAttiva = 1;
-    Azioni_({Linea(1, 2, 3, 4)});
+    MettiAzioni({Linea(1, 2, 3, 4)});
     QVERIFY(RegistraCopiaLavoro());
     Sql(QStringLiteral("CREATE TRIGGER Rifiuta BEFORE INSERT ON TabAzioniDisegno"
                        " WHEN NEW.NumAzione = 2 BEGIN SELECT RAISE(ABORT, 'rifiutata'); END"));
     Sql(QStringLiteral("CREATE TRIGGER Tieni BEFORE DELETE ON TabDisegni"
                        " BEGIN SELECT RAISE(ABORT, 'tenuta'); END"));
-    Azioni_({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
+    MettiAzioni({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
     QVERIFY(!RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro + 1);
     QCOMPARE(amb.Scatole.size(), 1);
@@ -494,11 +472,11 @@ void TestCopiaLavoro::contatore_indietro_continua_dopo_la_copia_piu_alta() {
     AmbienteProva amb;
     amb.ApriArchivi();
     CodiceCartellaAttiva = 1;
-    Azioni_({Linea(1, 2, 3, 4)});
+    MettiAzioni({Linea(1, 2, 3, 4)});
     QVERIFY(RegistraCopiaLavoro());
     QVERIFY(RegistraCopiaLavoro());
     CodiceCopiaLavoro = BaseCopieLavoro + 1; // behind the archive
-    Azioni_({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
+    MettiAzioni({Linea(1, 2, 3, 4), Linea(5, 6, 7, 8)});
     QVERIFY(RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro + 3);
     QCOMPARE(Conta(QStringLiteral("SELECT COUNT(*) FROM TabAzioniDisegno"
@@ -513,7 +491,7 @@ void TestCopiaLavoro::copia_con_un_nan_da_errore_6_e_lascia_archivio_e_contatore
     CodiceCartellaAttiva = 1;
     RecordAzione colorazione = NuovaColorazione(100, 200);
     colorazione.XCentro = std::numeric_limits<float>::quiet_NaN();
-    Azioni_({Linea(1, 2, 3, 4), colorazione});
+    MettiAzioni({Linea(1, 2, 3, 4), colorazione});
     QVERIFY(!RegistraCopiaLavoro());
     QCOMPARE(CodiceCopiaLavoro, BaseCopieLavoro);
     QCOMPARE(amb.Scatole.size(), 1);
@@ -562,7 +540,7 @@ void TestCopiaLavoro::ingombro_di_linee_e_centri() {
     ellisse.YCentro = 6000;
     ellisse.RaggioOriz = 500;
     ellisse.RaggioVert = 250;
-    Attivi({Linea(3000, 4000, 1000, 2000), ellisse, NuovaColorazione(9001, 100)});
+    MettiAttivi({Linea(3000, 4000, 1000, 2000), ellisse, NuovaColorazione(9001, 100)});
     CalcolaIngombro();
     QCOMPARE(IngombroXMin, 1000);
     QCOMPARE(IngombroYMin, 100);
@@ -576,7 +554,7 @@ void TestCopiaLavoro::ingombro_di_un_arco_per_ellisse_o_per_contorno() {
     RecordAzione arco = NuovoArco();
     arco.RadIniz = 0.0f;
     arco.RadFine = float(90 * Grado);
-    Attivi({arco});
+    MettiAttivi({arco});
     ModoIngombro = 1;
     CalcolaIngombro();
     QCOMPARE(IngombroXMin, 5072);
@@ -596,7 +574,7 @@ void TestCopiaLavoro::arco_pieno_con_angoli_uguali_ha_un_punto_e_i_suoi_incroci(
     RecordAzione arco = NuovoArco();
     arco.RadIniz = 1.0f;
     arco.RadFine = 1.0f;
-    Attivi({arco});
+    MettiAttivi({arco});
     ModoIngombro = 2;
     CalcolaIngombro();
     const int32_t x = 7072 + int32_t(std::lrint(2000 * std::cos(1.0)));
@@ -607,7 +585,7 @@ void TestCopiaLavoro::arco_pieno_con_angoli_uguali_ha_un_punto_e_i_suoi_incroci(
     QCOMPARE(IngombroYMax, y);
     // On a crossing itself the point reaches the rim there.
     arco.RadIniz = arco.RadFine = float(90 * Grado);
-    Attivi({arco});
+    MettiAttivi({arco});
     CalcolaIngombro();
     QCOMPARE(IngombroYMin, 3000);
     QCOMPARE(IngombroXMin, 7072);
@@ -618,7 +596,7 @@ void TestCopiaLavoro::arco_che_gira_oltre_zero_passa_zero_gradi() {
     RecordAzione arco = NuovoArco();
     arco.RadIniz = float(300 * Grado);
     arco.RadFine = float(60 * Grado);
-    Attivi({arco});
+    MettiAttivi({arco});
     ModoIngombro = 2;
     CalcolaIngombro();
     QCOMPARE(IngombroXMax, 9072); // 0 degrees

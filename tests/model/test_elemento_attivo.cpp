@@ -7,7 +7,9 @@
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
+#include "support/TelaProva.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -18,96 +20,38 @@ namespace {
 
 using namespace SondePixel;
 
-constexpr int32_t Sfondo = 0xC0C0C0;
-constexpr int32_t Nero = 0x000000;
-constexpr int32_t Rosso = 0x0000FF;
-constexpr int32_t Verde = 0x00FF00;
-constexpr int32_t Blu = 0xFF0000;
-constexpr int32_t Giallo = 0x00FFFF;
 const QString CR(QChar(u'\r'));
 
-// Is the colour within a pixel of the point?
-bool Vicino(const QImage& img, double x, double y, int32_t colore) {
-    for (int dy = -1; dy <= 1; ++dy)
-        for (int dx = -1; dx <= 1; ++dx)
-            if (Colore(img, Px(x) + dx, Px(y) + dy) == colore) return true;
-    return false;
-}
-
-int ContaColore(const QImage& img, int32_t colore) {
-    int n = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x)
-            if (Colore(img, x, y) == colore) ++n;
-    return n;
-}
-
-struct Quadro {
-    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
+struct Quadro : TelaProva {
     Quadro() {
-        S.ImpostaBackColor(Sfondo);
         // As a command opens an element: solid here, so that probes land on ink.
         S.DrawStyle = 0;
         S.DrawWidth = 1;
         S.FillStyle = 1;
     }
-    int32_t Schermo(double x, double y) const { return Colore(S.Schermo(), Px(x), Px(y)); }
     bool BitmapPulita() const {
         return ContaColore(S.Immagine(), Sfondo) == S.Immagine().width() * S.Immagine().height();
     }
 };
 
 RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colore = Rosso) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = colore;
-    a.SpessLinea = 1;
-    return a;
+    return CostruttoriAzioni::Linea(x1, y1, x2, y2, colore);
 }
 
 RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t flag) {
-    RecordAzione a = Linea(x1, y1, x2, y2);
-    a.TipoAzione = TipiAzione::Rettangolo;
-    a.ColZona = Verde;
-    a.FlagPienoVuoto = flag;
-    return a;
+    return CostruttoriAzioni::Rettangolo(x1, y1, x2, y2, flag, Rosso, Verde);
 }
 
 RecordAzione Ellisse(float xc, float yc, float rv, float ro, int32_t flag) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Ellisse;
-    a.XCentro = xc;
-    a.YCentro = yc;
-    a.RaggioVert = rv;
-    a.RaggioOriz = ro;
-    a.ColLinea = Rosso;
-    a.ColZona = Verde;
-    a.FlagPienoVuoto = flag;
-    a.SpessLinea = 1;
-    return a;
+    return CostruttoriAzioni::Ellisse(xc, yc, rv, ro, flag, Rosso, Verde);
 }
 
 RecordAzione Arco(float xc, float yc, float rv, float ro, float inizio, float fine) {
-    RecordAzione a = Ellisse(xc, yc, rv, ro, 0);
-    a.TipoAzione = TipiAzione::Arco;
-    a.RadIniz = inizio;
-    a.RadFine = fine;
-    return a;
+    return CostruttoriAzioni::Arco(xc, yc, rv, ro, inizio, fine, Rosso, Verde);
 }
 
 RecordAzione Colorazione(float x, float y, int32_t flag) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Colorazione;
-    a.XCentro = x;
-    a.YCentro = y;
-    a.ColLinea = Rosso;
-    a.ColZona = Giallo;
-    a.FlagPienoVuoto = flag;
-    return a;
+    return CostruttoriAzioni::Colorazione(x, y, Giallo, flag, Rosso);
 }
 
 RecordAzione Testo(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
@@ -126,8 +70,7 @@ void Righe(const QStringList& righe) {
 }
 
 void Oggetto(const QList<RecordAzione>& elementi) {
-    ElementiAttivi = QList<RecordAzione>{RecordAzione{}} + elementi;
-    NumeroElementiAttivi = int16_t(elementi.size());
+    CostruttoriAzioni::MettiAttivi(elementi);
     OggettoAttivo = 1;
 }
 

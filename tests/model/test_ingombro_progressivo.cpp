@@ -10,6 +10,7 @@
 #include "model/StatoAmbiente.h"
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -274,8 +275,7 @@ void TestIngombroProgressivo::passo_del_gruppo_uguale_a_quello_con_misura_intera
             a.RaggioVert = float(caso.bounded(40, 600));
             gruppo.append(a);
         }
-        ElementiAttivi = QList<RecordAzione>{RecordAzione{}} + gruppo;
-        NumeroElementiAttivi = int16_t(numero);
+        CostruttoriAzioni::MettiAttivi(gruppo);
         OggettoAttivo = 1;
         ModoIngombro = 1;
         CalcolaIngombro();
@@ -323,14 +323,9 @@ void TestIngombroProgressivo::gruppo_fermato_al_bordo_torna_intero_come_prima() 
     // Two points on the left and one 1000 twips right of them. The centre,
     // 14090, may take the step; once the first two have moved the measure
     // gives 14115, and the last element is what crosses the bound.
-    RecordAzione punto;
-    punto.TipoAzione = TipiAzione::Linea;
-    punto.XInizio = punto.XFine = 13590;
-    punto.YInizio = punto.YFine = 5000;
-    RecordAzione ultimo = punto;
-    ultimo.XInizio = ultimo.XFine = 14590;
-    ElementiAttivi = QList<RecordAzione>{RecordAzione{}, punto, punto, ultimo};
-    NumeroElementiAttivi = 3;
+    const RecordAzione punto = CostruttoriAzioni::Linea(13590, 5000, 13590, 5000, 0, 0);
+    const RecordAzione ultimo = CostruttoriAzioni::Linea(14590, 5000, 14590, 5000, 0, 0);
+    CostruttoriAzioni::MettiAttivi({punto, punto, ultimo});
     OggettoAttivo = 1;
     ComandoModifica = 113;
     PassoSpostamento = 50;

@@ -5,6 +5,7 @@
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
+#include "support/TelaProva.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -15,20 +16,8 @@ namespace {
 
 using namespace SondePixel;
 
-constexpr int32_t Sfondo = 0xC0C0C0;
-constexpr int32_t Rosso = 0x0000FF;
-constexpr int32_t Verde = 0x00FF00;
-constexpr int32_t Blu = 0xFF0000;
-
-struct Quadro {
-    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
-    Quadro() {
-        S.ImpostaBackColor(Sfondo);
-        S.AutoRedraw = true;
-    }
-    int32_t Bitmap(double xTwips, double yTwips) const {
-        return Colore(S.Immagine(), Px(xTwips), Px(yTwips));
-    }
+struct Quadro : TelaProva {
+    Quadro() { S.AutoRedraw = true; }
     // What a fill action does: device, solid brush, flood.
     void Colora(float x, float y, int32_t colore) {
         Paint& p = UsaOggettoPaint();
@@ -39,14 +28,6 @@ struct Quadro {
         S.FillStyle = 1;
     }
 };
-
-int ContaColore(const QImage& img, int32_t colore) {
-    int n = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x)
-            if (Colore(img, x, y) == colore) ++n;
-    return n;
-}
 
 // A plain breadth-first 4-connected fill, pixel by pixel: the reference.
 void RiempiRiferimento(QImage& img, int x, int y, QRgb nuovo) {

@@ -3,6 +3,7 @@
 
 #include "model/RecordAzione.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QtTest>
 
@@ -12,14 +13,7 @@
 namespace {
 
 RecordAzione Linea(int32_t x) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x;
-    a.YInizio = 10;
-    a.XFine = x + 100;
-    a.YFine = 20;
-    a.ColLinea = 0x0000FF;
-    a.SpessLinea = 2;
+    RecordAzione a = CostruttoriAzioni::Linea(x, 10, x + 100, 20, 0x0000FF, 2);
     a.Testo = QStringLiteral("riga %1").arg(x);
     return a;
 }

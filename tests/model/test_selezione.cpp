@@ -7,6 +7,7 @@
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QtTest>
 
@@ -14,15 +15,11 @@
 
 namespace {
 
+using CostruttoriAzioni::MettiAttivi;
+using CostruttoriAzioni::MettiAzioni;
+
 RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.SpessLinea = 2;
-    return a;
+    return CostruttoriAzioni::Linea(x1, y1, x2, y2, 0, 2);
 }
 
 RecordAzione Angoli(int32_t tipo, int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
@@ -35,44 +32,16 @@ RecordAzione Angoli(int32_t tipo, int32_t x1, int32_t y1, int32_t x2, int32_t y2
 }
 
 RecordAzione Ellisse(float xc, float yc, float ro, float rv) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Ellisse;
-    a.XCentro = xc;
-    a.YCentro = yc;
-    a.RaggioOriz = ro;
-    a.RaggioVert = rv;
-    a.FlagPienoVuoto = FlagVuoto;
-    a.SpessLinea = 2;
-    return a;
+    return CostruttoriAzioni::Ellisse(xc, yc, rv, ro, FlagVuoto, 0, 0, 2);
 }
 
 RecordAzione Arco(float xc, float yc, float ro, float rv, double gradiInizio, double gradiFine) {
-    RecordAzione a = Ellisse(xc, yc, ro, rv);
-    a.TipoAzione = TipiAzione::Arco;
-    a.FlagPienoVuoto = FlagNonApplicabile;
-    a.RadIniz = float(gradiInizio * Grado);
-    a.RadFine = float(gradiFine * Grado);
-    return a;
+    return CostruttoriAzioni::Arco(xc, yc, rv, ro, float(gradiInizio * Grado),
+                                   float(gradiFine * Grado), 0, 0, 2);
 }
 
 RecordAzione Colorazione(float x, float y) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Colorazione;
-    a.XCentro = x;
-    a.YCentro = y;
-    a.ColZona = 0x0000FF;
-    a.FlagPienoVuoto = FlagPieno;
-    return a;
-}
-
-void Disegno(const QList<RecordAzione>& lista) {
-    Azioni = QList<RecordAzione>{RecordAzione{}} + lista;
-    NumeroAzioni = int32_t(lista.size());
-}
-
-void Attivi(const QList<RecordAzione>& lista) {
-    ElementiAttivi = QList<RecordAzione>{RecordAzione{}} + lista;
-    NumeroElementiAttivi = int16_t(lista.size());
+    return CostruttoriAzioni::Colorazione(x, y, 0x0000FF);
 }
 
 void Riquadro(int16_t sinistra, int16_t alto, int16_t destra, int16_t basso) {
@@ -158,7 +127,7 @@ private slots:
 };
 
 void TestSelezione::riquadro_che_tocca_gli_estremi_di_una_linea_la_prende() {
-    Disegno({Linea(1000, 2000, 3000, 4000)});
+    MettiAzioni({Linea(1000, 2000, 3000, 4000)});
     Riquadro(1000, 2000, 3000, 4000);
     SelezionaElementi();
     QCOMPARE(NumeroElementiAttivi, int16_t(1));
@@ -174,7 +143,7 @@ void TestSelezione::riquadro_che_tocca_gli_estremi_di_una_linea_la_prende() {
 }
 
 void TestSelezione::riquadro_con_meta_linea_non_la_prende() {
-    Disegno({Linea(1000, 1000, 5000, 1000)});
+    MettiAzioni({Linea(1000, 1000, 5000, 1000)});
     Riquadro(0, 0, 3000, 3000);
     SelezionaElementi();
     QCOMPARE(NumeroElementiAttivi, int16_t(0));
@@ -183,10 +152,10 @@ void TestSelezione::riquadro_con_meta_linea_non_la_prende() {
 }
 
 void TestSelezione::rettangolo_testo_e_immagine_si_prendono_per_i_due_angoli() {
-    Disegno({Angoli(TipiAzione::Rettangolo, 100, 100, 900, 900),
-             Angoli(TipiAzione::Testo, 200, 200, 1200, 400),
-             Angoli(TipiAzione::Immagine, 300, 300, 800, 700),
-             Angoli(TipiAzione::Rettangolo, 900, 900, 100, 100)});
+    MettiAzioni({Angoli(TipiAzione::Rettangolo, 100, 100, 900, 900),
+                 Angoli(TipiAzione::Testo, 200, 200, 1200, 400),
+                 Angoli(TipiAzione::Immagine, 300, 300, 800, 700),
+                 Angoli(TipiAzione::Rettangolo, 900, 900, 100, 100)});
     Riquadro(100, 100, 900, 900);
     SelezionaElementi();
     // The text's end lies out; the corners' order doesn't matter.
@@ -197,7 +166,7 @@ void TestSelezione::arco_preso_per_i_due_estremi_anche_se_il_mezzo_esce() {
     // From 10 to 170 degrees: the ends lie low, the top of the arc at 3000
     // bulges far out of the box.
     const RecordAzione arco = Arco(7072, 5000, 2000, 2000, 10, 170);
-    Disegno({arco});
+    MettiAzioni({arco});
     const PuntoArco inizio = EstremoArco(arco, arco.RadIniz);
     const PuntoArco fine = EstremoArco(arco, arco.RadFine);
     QCOMPARE(inizio.X, int16_t(7072 + std::lrint(2000 * std::cos(10 * Grado))));
@@ -209,7 +178,7 @@ void TestSelezione::arco_preso_per_i_due_estremi_anche_se_il_mezzo_esce() {
 
 void TestSelezione::arco_con_un_estremo_fuori_non_e_preso() {
     const RecordAzione arco = Arco(7072, 5000, 2000, 2000, 10, 170);
-    Disegno({arco});
+    MettiAzioni({arco});
     const PuntoArco inizio = EstremoArco(arco, arco.RadIniz);
     const PuntoArco fine = EstremoArco(arco, arco.RadFine);
     Riquadro(int16_t(fine.X + 1), 0, 14000, 9000);
@@ -221,7 +190,7 @@ void TestSelezione::arco_con_un_estremo_fuori_non_e_preso() {
 }
 
 void TestSelezione::ellisse_presa_solo_se_tutto_il_suo_riquadro_e_dentro() {
-    Disegno({Ellisse(5000, 4000, 1000, 500)});
+    MettiAzioni({Ellisse(5000, 4000, 1000, 500)});
     Riquadro(4000, 3500, 6000, 4500);
     SelezionaElementi();
     QCOMPARE(Selezionati(), QList<int16_t>{1});
@@ -237,22 +206,22 @@ void TestSelezione::ellisse_presa_solo_se_tutto_il_suo_riquadro_e_dentro() {
 void TestSelezione::bordo_dell_ellisse_arrotondato_prima_del_confronto() {
     // 1499.5 - 500 is 999.5, which becomes 1000 (halves to even) before it is
     // compared with the edge.
-    Disegno({Ellisse(1499.5f, 2000, 500, 500)});
+    MettiAzioni({Ellisse(1499.5f, 2000, 500, 500)});
     Riquadro(1000, 1000, 3000, 3000);
     SelezionaElementi();
     QCOMPARE(Selezionati(), QList<int16_t>{1});
 }
 
 void TestSelezione::colorazione_confrontata_col_suo_punto_senza_arrotondare() {
-    Disegno({Colorazione(999.75f, 2000), Colorazione(1000, 2000), Colorazione(3000, 3000.25f),
-             Colorazione(3000, 3000)});
+    MettiAzioni({Colorazione(999.75f, 2000), Colorazione(1000, 2000), Colorazione(3000, 3000.25f),
+                 Colorazione(3000, 3000)});
     Riquadro(1000, 1000, 3000, 3000);
     SelezionaElementi();
     QCOMPARE(Selezionati(), (QList<int16_t>{2, 4}));
 }
 
 void TestSelezione::riquadro_rovesciato_non_prende_nulla() {
-    Disegno({Linea(2000, 2000, 3000, 3000), Colorazione(2500, 2500)});
+    MettiAzioni({Linea(2000, 2000, 3000, 3000), Colorazione(2500, 2500)});
     const QList<RecordAzione> prima = ListaAzioni();
     Riquadro(5000, 1000, 1000, 5000); // left beyond right
     SelezionaElementi();
@@ -265,7 +234,7 @@ void TestSelezione::riquadro_rovesciato_non_prende_nulla() {
 }
 
 void TestSelezione::selezione_vuota_svuota_le_liste_e_lascia_il_disegno() {
-    Disegno({Linea(2000, 2000, 3000, 3000), Colorazione(2500, 2500)});
+    MettiAzioni({Linea(2000, 2000, 3000, 3000), Colorazione(2500, 2500)});
     Riquadro(0, 0, 14000, 9000);
     SelezionaElementi();
     QCOMPARE(NumeroElementiAttivi, int16_t(2));
@@ -295,7 +264,7 @@ void TestSelezione::indici_in_ordine_crescente_e_copie_negli_elementi_attivi() {
     const QList<RecordAzione> lista{Linea(100, 100, 200, 200), Linea(9000, 100, 9100, 200),
                                     Ellisse(500, 500, 100, 100), Linea(9000, 9000, 9100, 9100),
                                     Linea(300, 300, 400, 400)};
-    Disegno(lista);
+    MettiAzioni(lista);
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     QCOMPARE(Selezionati(), (QList<int16_t>{1, 3, 5}));
@@ -305,7 +274,7 @@ void TestSelezione::indici_in_ordine_crescente_e_copie_negli_elementi_attivi() {
 }
 
 void TestSelezione::colorazione_presa_diventa_tondino_solo_nella_copia() {
-    Disegno({Colorazione(2500, 2500)});
+    MettiAzioni({Colorazione(2500, 2500)});
     Riquadro(2000, 2000, 3000, 3000);
     SelezionaElementi();
     QCOMPARE(ElementiAttivi[1].FlagPienoVuoto, FlagVuoto);
@@ -315,7 +284,7 @@ void TestSelezione::colorazione_presa_diventa_tondino_solo_nella_copia() {
 void TestSelezione::selezione_misura_il_gruppo_con_gli_archi_per_ellisse() {
     // An arc from 0 to 90 degrees: by its outline it would reach only 5000
     // downwards; as a whole ellipse it reaches 7000.
-    Disegno({Arco(7072, 5000, 2000, 2000, 0, 90), Linea(6000, 4000, 6500, 4500)});
+    MettiAzioni({Arco(7072, 5000, 2000, 2000, 0, 90), Linea(6000, 4000, 6500, 4500)});
     Riquadro(5000, 2900, 9100, 5100);
     ModoIngombro = 2;
     SelezionaElementi();
@@ -337,13 +306,13 @@ void TestSelezione::selezione_misura_il_gruppo_con_gli_archi_per_ellisse() {
 
 void TestSelezione::passi_di_ridimensione_un_decimo_arrotondato_al_pari() {
     // Width 1005 and height 1015: 100.5 goes to 100, 101.5 to 102.
-    Disegno({Linea(1000, 2000, 2005, 3015)});
+    MettiAzioni({Linea(1000, 2000, 2005, 3015)});
     Riquadro(0, 0, 5000, 5000);
     SelezionaElementi();
     QCOMPARE(PassoRidimensioneX, 100);
     QCOMPARE(PassoRidimensioneY, 102);
     // A single point has no size: the steps are 0.
-    Disegno({Colorazione(700, 800)});
+    MettiAzioni({Colorazione(700, 800)});
     SelezionaElementi();
     QCOMPARE(PassoRidimensioneX, 0);
     QCOMPARE(PassoRidimensioneY, 0);
@@ -376,7 +345,7 @@ void TestSelezione::estremo_oltre_16_bit_ferma_la_selezione_con_errore_6() {
     AmbienteProva ambiente(false);
     AzzeraSelezione();
     // A line's end may be dragged anywhere, beyond what 16 bits hold too.
-    Disegno({Linea(100, 100, 200, 200), Linea(100, 100, 40000, 200)});
+    MettiAzioni({Linea(100, 100, 200, 200), Linea(100, 100, 40000, 200)});
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     QCOMPARE(ambiente.Scatole.size(), 1);
@@ -387,7 +356,7 @@ void TestSelezione::estremo_oltre_16_bit_ferma_la_selezione_con_errore_6() {
 void TestSelezione::rimozione_toglie_i_selezionati_e_tiene_l_ordine_e_la_capienza() {
     const QList<RecordAzione> lista{Linea(1, 1, 2, 2), Linea(3, 3, 4, 4), Linea(5, 5, 6, 6),
                                     Linea(7, 7, 8, 8), Linea(9, 9, 10, 10)};
-    Disegno(lista);
+    MettiAzioni(lista);
     Selezione({2, 4});
     RimuoviSelezione();
     QCOMPARE(NumeroAzioni, 3);
@@ -399,7 +368,7 @@ void TestSelezione::rimozione_toglie_i_selezionati_e_tiene_l_ordine_e_la_capienz
 }
 
 void TestSelezione::rimozione_di_tutte_le_azioni_lascia_zero_azioni() {
-    Disegno({Linea(1, 1, 2, 2), Ellisse(500, 500, 100, 100), Colorazione(3, 3)});
+    MettiAzioni({Linea(1, 1, 2, 2), Ellisse(500, 500, 100, 100), Colorazione(3, 3)});
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     QCOMPARE(NumeroElementiSelezionati, int16_t(3));
@@ -411,7 +380,7 @@ void TestSelezione::rimozione_di_tutte_le_azioni_lascia_zero_azioni() {
 }
 
 void TestSelezione::rimozione_rende_tondini_le_colorazioni_rimaste() {
-    Disegno({Colorazione(100, 100), Linea(1, 1, 2, 2), Colorazione(200, 200)});
+    MettiAzioni({Colorazione(100, 100), Linea(1, 1, 2, 2), Colorazione(200, 200)});
     Selezione({2});
     RimuoviSelezione();
     QCOMPARE(NumeroAzioni, 2);
@@ -419,7 +388,7 @@ void TestSelezione::rimozione_rende_tondini_le_colorazioni_rimaste() {
     QCOMPARE(Azioni[2].FlagPienoVuoto, FlagVuoto);
     QCOMPARE(Azioni[2].XCentro, 200.0f);
     // With nothing selected the list keeps its length, and the fills turn all the same.
-    Disegno({Colorazione(100, 100)});
+    MettiAzioni({Colorazione(100, 100)});
     Selezione({});
     RimuoviSelezione();
     QCOMPARE(NumeroAzioni, 1);
@@ -427,7 +396,7 @@ void TestSelezione::rimozione_rende_tondini_le_colorazioni_rimaste() {
 }
 
 void TestSelezione::colorazione_selezionata_resta_tondino_tornando_nel_disegno() {
-    Disegno({Linea(5000, 5000, 6000, 6000), Colorazione(500, 500)});
+    MettiAzioni({Linea(5000, 5000, 6000, 6000), Colorazione(500, 500)});
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     QCOMPARE(ElementiAttivi[1].FlagPienoVuoto, FlagVuoto);
@@ -442,7 +411,7 @@ void TestSelezione::colorazione_selezionata_resta_tondino_tornando_nel_disegno()
 void TestSelezione::sposta_senza_muovere_cambia_solo_l_ordine() {
     const QList<RecordAzione> lista{Linea(100, 100, 200, 200), Linea(9000, 100, 9100, 200),
                                     Ellisse(500, 500, 100, 100), Linea(9000, 9000, 9100, 9100)};
-    Disegno(lista);
+    MettiAzioni(lista);
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     CopiaOSposta = 2;
@@ -453,7 +422,7 @@ void TestSelezione::sposta_senza_muovere_cambia_solo_l_ordine() {
 
 void TestSelezione::copia_raddoppia_l_oggetto_in_fondo() {
     const QList<RecordAzione> lista{Linea(100, 100, 200, 200), Linea(9000, 100, 9100, 200)};
-    Disegno(lista);
+    MettiAzioni(lista);
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     AggiungiElementiAttivi();
@@ -464,7 +433,7 @@ void TestSelezione::secondo_fissa_dopo_ridisegno_toglie_gli_stessi_indici_ora_al
     const RecordAzione a = Linea(100, 100, 200, 200);
     const RecordAzione b = Linea(9000, 100, 9100, 200);
     const RecordAzione c = Linea(9000, 9000, 9100, 9100);
-    Disegno({a, b, c});
+    MettiAzioni({a, b, c});
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     // Fissa with move: [b, c, a].
@@ -478,14 +447,14 @@ void TestSelezione::secondo_fissa_dopo_ridisegno_toglie_gli_stessi_indici_ora_al
     QCOMPARE(ListaAzioni(), (QList<RecordAzione>{c, a, a2}));
     QCOMPARE(Selezionati(), QList<int16_t>{1});
     // Indices past the end of a shorter list take nothing.
-    Disegno({a});
+    MettiAzioni({a});
     Selezione({2, 5});
     RimuoviSelezione();
     QCOMPARE(ListaAzioni(), QList<RecordAzione>{a});
 }
 
 void TestSelezione::ribalta_1_di_una_linea_da_100_a_300_da_500_e_300() {
-    Attivi({Linea(100, 1000, 300, 2000)});
+    MettiAttivi({Linea(100, 1000, 300, 2000)});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     QCOMPARE(IngombroXMax, 300);
     QCOMPARE(ElementiAttivi[1].XInizio, 500);
@@ -495,7 +464,7 @@ void TestSelezione::ribalta_1_di_una_linea_da_100_a_300_da_500_e_300() {
 }
 
 void TestSelezione::ribalta_1_di_un_rettangolo_tiene_il_ruolo_degli_angoli() {
-    Attivi({Angoli(TipiAzione::Rettangolo, 100, 1000, 300, 2000)});
+    MettiAttivi({Angoli(TipiAzione::Rettangolo, 100, 1000, 300, 2000)});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     QCOMPARE(ElementiAttivi[1].XInizio, 500);
     QCOMPARE(ElementiAttivi[1].XFine, 300);
@@ -506,7 +475,7 @@ void TestSelezione::ribalta_1_di_un_rettangolo_tiene_il_ruolo_degli_angoli() {
 }
 
 void TestSelezione::ribalta_2_specchia_cio_che_sta_sopra_l_asse_sinistro() {
-    Attivi({Linea(100, 1000, 300, 2000), Linea(250, 0, 100, 0)});
+    MettiAttivi({Linea(100, 1000, 300, 2000), Linea(250, 0, 100, 0)});
     RibaltaElementiAttivi(Ribaltamenti::AsseSinistro);
     QCOMPARE(IngombroXMin, 100);
     QCOMPARE(ElementiAttivi[1].XInizio, 100);
@@ -516,13 +485,13 @@ void TestSelezione::ribalta_2_specchia_cio_che_sta_sopra_l_asse_sinistro() {
 }
 
 void TestSelezione::ribalta_3_e_4_specchiano_le_y() {
-    Attivi({Linea(100, 1000, 300, 2000)});
+    MettiAttivi({Linea(100, 1000, 300, 2000)});
     RibaltaElementiAttivi(Ribaltamenti::AsseInferiore);
     QCOMPARE(IngombroYMax, 2000);
     QCOMPARE(ElementiAttivi[1].YInizio, 3000);
     QCOMPARE(ElementiAttivi[1].YFine, 2000);
     QCOMPARE(ElementiAttivi[1].XInizio, 100);
-    Attivi({Linea(100, 1000, 300, 2000)});
+    MettiAttivi({Linea(100, 1000, 300, 2000)});
     RibaltaElementiAttivi(Ribaltamenti::AsseSuperiore);
     QCOMPARE(IngombroYMin, 1000);
     QCOMPARE(ElementiAttivi[1].YInizio, 1000);
@@ -532,7 +501,7 @@ void TestSelezione::ribalta_3_e_4_specchiano_le_y() {
 void TestSelezione::ribalta_misura_l_arco_per_il_suo_contorno_vero() {
     // The arc from 0 to 90 degrees reaches down to its centre, 5000, by its
     // outline; as a whole ellipse it would reach 7000.
-    Attivi({Arco(7072, 5000, 2000, 2000, 0, 90), Linea(7500, 4000, 7600, 4200)});
+    MettiAttivi({Arco(7072, 5000, 2000, 2000, 0, 90), Linea(7500, 4000, 7600, 4200)});
     ModoIngombro = 1;
     RibaltaElementiAttivi(Ribaltamenti::AsseInferiore);
     QCOMPARE(ModoIngombro, int16_t(2));
@@ -544,7 +513,7 @@ void TestSelezione::ribalta_misura_l_arco_per_il_suo_contorno_vero() {
 
 void TestSelezione::ribalta_sinistra_destra_scambia_e_riflette_gli_angoli_dell_arco() {
     const RecordAzione arco = Arco(7072, 5000, 2000, 1000, 30, 60);
-    Attivi({arco});
+    MettiAttivi({arco});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     const RecordAzione& r = ElementiAttivi[1];
     QCOMPARE(r.RadIniz, float(180 * Grado - double(arco.RadFine)));
@@ -557,7 +526,7 @@ void TestSelezione::ribalta_sinistra_destra_scambia_e_riflette_gli_angoli_dell_a
     QCOMPARE(r.XCentro, float(2.0 * asse - 7072));
     QCOMPARE(r.YCentro, 5000.0f);
     // Flip 2 follows the same angle rule.
-    Attivi({arco});
+    MettiAttivi({arco});
     RibaltaElementiAttivi(Ribaltamenti::AsseSinistro);
     QCOMPARE(ElementiAttivi[1].RadIniz, r.RadIniz);
     QCOMPARE(ElementiAttivi[1].RadFine, r.RadFine);
@@ -565,7 +534,7 @@ void TestSelezione::ribalta_sinistra_destra_scambia_e_riflette_gli_angoli_dell_a
 
 void TestSelezione::ribalta_sinistra_destra_di_un_arco_oltre_180_gradi() {
     const RecordAzione arco = Arco(7072, 5000, 2000, 2000, 200, 300);
-    Attivi({arco});
+    MettiAttivi({arco});
     RibaltaElementiAttivi(Ribaltamenti::AsseSinistro);
     const RecordAzione& r = ElementiAttivi[1];
     QCOMPARE(r.RadIniz, float(360 * Grado - (double(arco.RadFine) - 180 * Grado)));
@@ -573,7 +542,7 @@ void TestSelezione::ribalta_sinistra_destra_di_un_arco_oltre_180_gradi() {
     QVERIFY(std::fabs(r.RadIniz - 240 * Grado) < 1e-5);
     QVERIFY(std::fabs(r.RadFine - 340 * Grado) < 1e-5);
     // One angle each side of 180 degrees: each is taken by its own rule.
-    Attivi({Arco(7072, 5000, 2000, 2000, 150, 200)});
+    MettiAttivi({Arco(7072, 5000, 2000, 2000, 150, 200)});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     QVERIFY(std::fabs(ElementiAttivi[1].RadIniz - 340 * Grado) < 1e-5);
     QVERIFY(std::fabs(ElementiAttivi[1].RadFine - 30 * Grado) < 1e-5);
@@ -581,7 +550,7 @@ void TestSelezione::ribalta_sinistra_destra_di_un_arco_oltre_180_gradi() {
 
 void TestSelezione::ribalta_alto_basso_scambia_gli_angoli_dell_arco() {
     const RecordAzione arco = Arco(7072, 5000, 2000, 2000, 30, 60);
-    Attivi({arco});
+    MettiAttivi({arco});
     RibaltaElementiAttivi(Ribaltamenti::AsseSuperiore);
     const RecordAzione& r = ElementiAttivi[1];
     QCOMPARE(r.RadIniz, float(360 * Grado - double(arco.RadFine)));
@@ -598,15 +567,15 @@ void TestSelezione::centro_dell_arco_specchiato_sempre_anche_oltre_l_asse() {
     // From 100 to 260 degrees the arc lies left of its centre: the right edge
     // of its outline is below the centre, which is mirrored all the same.
     const RecordAzione arco = Arco(7072, 5000, 2000, 2000, 100, 260);
-    Attivi({arco});
+    MettiAttivi({arco});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     QVERIFY(IngombroXMax < 7072);
     QCOMPARE(ElementiAttivi[1].XCentro, float(2.0 * IngombroXMax - 7072));
 }
 
 void TestSelezione::ellisse_e_colorazione_specchiano_il_centro_solo_dal_lato_mobile() {
-    Attivi({Linea(1000, 1000, 5000, 1000), Ellisse(2000, 3000, 500, 500), Colorazione(4500, 300),
-            Colorazione(5000, 800)});
+    MettiAttivi({Linea(1000, 1000, 5000, 1000), Ellisse(2000, 3000, 500, 500),
+                 Colorazione(4500, 300), Colorazione(5000, 800)});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     QCOMPARE(IngombroXMax, 5000);
     QCOMPARE(ElementiAttivi[2].XCentro, 8000.0f);
@@ -626,14 +595,14 @@ void TestSelezione::ellisse_e_colorazione_specchiano_il_centro_solo_dal_lato_mob
 
 void TestSelezione::testo_ribaltato_incrocia_gli_angoli() {
     RecordAzione testo = Angoli(TipiAzione::Testo, 100, 500, 300, 700);
-    Attivi({testo, Linea(1000, 0, 1000, 100)});
+    MettiAttivi({testo, Linea(1000, 0, 1000, 100)});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     // Both corners below the axis at 1000: the mirrored end becomes the start.
     QCOMPARE(ElementiAttivi[1].XInizio, 1700);
     QCOMPARE(ElementiAttivi[1].XFine, 1900);
     QCOMPARE(ElementiAttivi[1].Testo, QStringLiteral("Sole"));
     // Up and down the same, about the top edge at 0.
-    Attivi({Linea(0, 0, 0, 0), testo});
+    MettiAttivi({Linea(0, 0, 0, 0), testo});
     RibaltaElementiAttivi(Ribaltamenti::AsseSuperiore);
     QCOMPARE(ElementiAttivi[2].YInizio, -700);
     QCOMPARE(ElementiAttivi[2].YFine, -500);
@@ -643,11 +612,11 @@ void TestSelezione::testo_ribaltato_incrocia_gli_angoli() {
 void TestSelezione::immagine_sull_asse_allarga_la_sua_cornice() {
     // Alone, a picture's end is the axis and isn't mirrored: the start stays
     // and the end takes the mirror of the start.
-    Attivi({Angoli(TipiAzione::Immagine, 100, 500, 300, 700)});
+    MettiAttivi({Angoli(TipiAzione::Immagine, 100, 500, 300, 700)});
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
     QCOMPARE(ElementiAttivi[1].XInizio, 100);
     QCOMPARE(ElementiAttivi[1].XFine, 500);
-    Attivi({Angoli(TipiAzione::Immagine, 100, 500, 300, 700)});
+    MettiAttivi({Angoli(TipiAzione::Immagine, 100, 500, 300, 700)});
     RibaltaElementiAttivi(Ribaltamenti::AsseSinistro);
     QCOMPARE(ElementiAttivi[1].XInizio, -100);
     QCOMPARE(ElementiAttivi[1].XFine, 300);
@@ -656,7 +625,7 @@ void TestSelezione::immagine_sull_asse_allarga_la_sua_cornice() {
 
 void TestSelezione::ribaltamento_5_non_cambia_nulla() {
     const QList<RecordAzione> gruppo{Linea(100, 1000, 300, 2000), Arco(5000, 5000, 900, 900, 0, 1)};
-    Attivi(gruppo);
+    MettiAttivi(gruppo);
     ModoIngombro = 1;
     IngombroXMax = 77;
     RibaltaElementiAttivi(5);
@@ -667,7 +636,7 @@ void TestSelezione::ribaltamento_5_non_cambia_nulla() {
 }
 
 void TestSelezione::ribalta_lascia_il_riquadro_di_riferimento() {
-    Disegno({Linea(100, 1000, 300, 2000)});
+    MettiAzioni({Linea(100, 1000, 300, 2000)});
     Riquadro(0, 0, 1000, 3000);
     SelezionaElementi();
     RibaltaElementiAttivi(Ribaltamenti::AsseDestro);
@@ -687,7 +656,7 @@ void TestSelezione::ridisegno_sposta_di_100_tutto_tranne_le_immagini() {
                                      Colorazione(3000.5f, 3100),
                                      Angoli(TipiAzione::Testo, 500, 600, 700, 800),
                                      Angoli(TipiAzione::Immagine, 900, 1000, 1100, 1200)};
-    Attivi(gruppo);
+    MettiAttivi(gruppo);
     RidisegnaUltimoOggetto();
     QCOMPARE(OggettoAttivo, int16_t(1));
     for (int i : {1, 3, 6}) {
@@ -706,7 +675,7 @@ void TestSelezione::ridisegno_sposta_di_100_tutto_tranne_le_immagini() {
 }
 
 void TestSelezione::ridisegni_ripetuti_si_sommano_e_i_selezionati_restano() {
-    Disegno({Linea(100, 100, 200, 200), Linea(9000, 9000, 9100, 9100)});
+    MettiAzioni({Linea(100, 100, 200, 200), Linea(9000, 9000, 9100, 9100)});
     Riquadro(0, 0, 1000, 1000);
     SelezionaElementi();
     OggettoAttivo = 0;

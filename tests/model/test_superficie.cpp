@@ -6,6 +6,7 @@
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
 #include "support/SondePixel.h"
+#include "support/TelaProva.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,38 +22,9 @@ namespace {
 
 using namespace SondePixel;
 
-constexpr int32_t Sfondo = 0xC0C0C0;
-constexpr int32_t Rosso = 0x0000FF;
-constexpr int32_t Verde = 0x00FF00;
-constexpr int32_t Blu = 0xFF0000;
-
-struct Quadro {
-    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
-    Quadro() {
-        S.ImpostaBackColor(Sfondo);
-        S.AutoRedraw = true;
-    }
-    int32_t Bitmap(double xTwips, double yTwips) const {
-        return Colore(S.Immagine(), Px(xTwips), Px(yTwips));
-    }
+struct Quadro : TelaProva {
+    Quadro() { S.AutoRedraw = true; }
 };
-
-// Does the pixel of a point, or one of its eight neighbours, have the colour? A
-// curve's pixels lie within one pixel of the exact point.
-bool Vicino(const QImage& img, double xTwips, double yTwips, int32_t colore) {
-    for (int dy = -1; dy <= 1; ++dy)
-        for (int dx = -1; dx <= 1; ++dx)
-            if (Colore(img, Px(xTwips) + dx, Px(yTwips) + dy) == colore) return true;
-    return false;
-}
-
-int ContaColore(const QImage& img, int32_t colore) {
-    int n = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x)
-            if (Colore(img, x, y) == colore) ++n;
-    return n;
-}
 
 // Distance of pixel (x, y) from the segment a-b, all in pixels.
 double DistanzaDalSegmento(double x, double y, QPointF a, QPointF b) {

@@ -8,7 +8,9 @@
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
 #include "support/AmbienteProva.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
+#include "support/TelaProva.h"
 
 #include <QFile>
 #include <QtTest>
@@ -22,81 +24,24 @@ namespace {
 
 using namespace SondePixel;
 
-constexpr int32_t Sfondo = 0xC0C0C0;
-constexpr int32_t Rosso = 0x0000FF;
-constexpr int32_t Verde = 0x00FF00;
-constexpr int32_t Blu = 0xFF0000;
-constexpr int32_t Giallo = 0x00FFFF;
-
-bool Vicino(const QImage& img, double xTwips, double yTwips, int32_t colore) {
-    for (int dy = -1; dy <= 1; ++dy)
-        for (int dx = -1; dx <= 1; ++dx)
-            if (Colore(img, Px(xTwips) + dx, Px(yTwips) + dy) == colore) return true;
-    return false;
-}
-
-int ContaColore(const QImage& img, int32_t colore) {
-    int n = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x)
-            if (Colore(img, x, y) == colore) ++n;
-    return n;
-}
-
-RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colore,
-                   int32_t spessore = 1) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = colore;
-    a.SpessLinea = spessore;
-    return a;
-}
+using CostruttoriAzioni::Linea;
 
 RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t flag,
                         int32_t linea = Rosso, int32_t zona = Verde) {
-    RecordAzione a = Linea(x1, y1, x2, y2, linea, 1);
-    a.TipoAzione = TipiAzione::Rettangolo;
-    a.FlagPienoVuoto = flag;
-    a.ColZona = zona;
-    return a;
+    return CostruttoriAzioni::Rettangolo(x1, y1, x2, y2, flag, linea, zona);
 }
 
 RecordAzione Ellisse(float xc, float yc, float rv, float ro, int32_t flag) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Ellisse;
-    a.XCentro = xc;
-    a.YCentro = yc;
-    a.RaggioVert = rv;
-    a.RaggioOriz = ro;
-    a.ColLinea = Rosso;
-    a.ColZona = Verde;
-    a.FlagPienoVuoto = flag;
-    a.SpessLinea = 1;
-    return a;
+    return CostruttoriAzioni::Ellisse(xc, yc, rv, ro, flag, Rosso, Verde);
 }
 
 RecordAzione Arco(float xc, float yc, float rv, float ro, float inizio, float fine) {
-    RecordAzione a = Ellisse(xc, yc, rv, ro, 0);
-    a.TipoAzione = TipiAzione::Arco;
-    a.RadIniz = inizio;
-    a.RadFine = fine;
-    return a;
+    return CostruttoriAzioni::Arco(xc, yc, rv, ro, inizio, fine, Rosso, Verde);
 }
 
 RecordAzione Colorazione(float x, float y, int32_t zona, int32_t flag = FlagPieno,
                          int32_t linea = Rosso) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Colorazione;
-    a.XCentro = x;
-    a.YCentro = y;
-    a.ColLinea = linea;
-    a.ColZona = zona;
-    a.FlagPienoVuoto = flag;
-    return a;
+    return CostruttoriAzioni::Colorazione(x, y, zona, flag, linea);
 }
 
 RecordAzione Testo(const QString& testo, int16_t interlinea) {
@@ -117,16 +62,10 @@ RecordAzione Testo(const QString& testo, int16_t interlinea) {
     return a;
 }
 
-struct Quadro {
-    Superficie S{LarghezzaQuadroDisegno, AltezzaQuadroDisegno};
-    Quadro() { S.ImpostaBackColor(Sfondo); }
-    int32_t Bitmap(double xTwips, double yTwips) const {
-        return Colore(S.Immagine(), Px(xTwips), Px(yTwips));
-    }
+struct Quadro : TelaProva {
     // The whole of Azioni, as a full redraw asks for it.
     void Traccia(const QList<RecordAzione>& azioni) {
-        Azioni = QList<RecordAzione>{RecordAzione{}} + azioni;
-        NumeroAzioni = int32_t(azioni.size());
+        CostruttoriAzioni::MettiAzioni(azioni);
         PrimaAzioneTraccia = 1;
         UltimaAzioneTraccia = int16_t(NumeroAzioni);
         TracciaAzioni(S);

@@ -3,6 +3,7 @@
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "model/TracciaAzioni.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
 
 #include <QImage>
@@ -20,43 +21,13 @@ inline constexpr int32_t ColoreVerde = 0x00FF00;
 inline constexpr int32_t ColoreBlu = 0xFF0000;
 inline constexpr int32_t ColoreGiallo = 0x00FFFF;
 
-inline RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colore,
-                          int32_t spessore) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = colore;
-    a.SpessLinea = spessore;
-    return a;
-}
+using CostruttoriAzioni::Colorazione;
+using CostruttoriAzioni::Linea;
 
+// A box drawn in black, two pixels wide.
 inline RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t zona,
                                int32_t flag = FlagPieno) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Rettangolo;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = ColoreNero;
-    a.ColZona = zona;
-    a.FlagPienoVuoto = flag;
-    a.SpessLinea = 2;
-    return a;
-}
-
-inline RecordAzione Colorazione(float x, float y, int32_t zona, int32_t flag = FlagPieno) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Colorazione;
-    a.XCentro = x;
-    a.YCentro = y;
-    a.ColLinea = ColoreNero;
-    a.ColZona = zona;
-    a.FlagPienoVuoto = flag;
-    return a;
+    return CostruttoriAzioni::Rettangolo(x1, y1, x2, y2, flag, ColoreNero, zona, 2);
 }
 
 inline RecordAzione Testo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, const QString& testo) {
@@ -91,9 +62,7 @@ inline RecordAzione Immagine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, con
 
 // The drawing in Azioni, and on the canvas as the drawing screen shows it.
 inline void Metti(const QList<RecordAzione>& azioni, Superficie& tela) {
-    Azioni = QList<RecordAzione>{RecordAzione{}};
-    Azioni.append(azioni);
-    NumeroAzioni = int32_t(azioni.size());
+    CostruttoriAzioni::MettiAzioni(azioni);
     tela.ImmagineVuota();
     TracciaLista(tela, Azioni, 1, NumeroAzioni);
 }
@@ -103,46 +72,11 @@ inline QList<RecordAzione> Elenco() {
     return Azioni.mid(1, NumeroAzioni);
 }
 
-inline int32_t Colore(const QImage& img, QPoint p) {
-    return SondePixel::Colore(img, p.x(), p.y());
-}
-
-// The pixel of a point in twips.
-inline QPoint Punto(double x, double y) {
-    return {SondePixel::Px(x), SondePixel::Px(y)};
-}
-
-// How many pixels of `colore` a row holds from x1 to x2, both included.
-inline int InRiga(const QImage& img, int y, int x1, int x2, int32_t colore) {
-    int n = 0;
-    for (int x = x1; x <= x2; ++x)
-        if (SondePixel::Colore(img, x, y) == colore) ++n;
-    return n;
-}
-
-inline int InColonna(const QImage& img, int x, int y1, int y2, int32_t colore) {
-    int n = 0;
-    for (int y = y1; y <= y2; ++y)
-        if (SondePixel::Colore(img, x, y) == colore) ++n;
-    return n;
-}
-
-// The box of the pixels that are not background within `raggio` of a point.
-inline QRect Macchia(const QImage& img, QPoint centro, int raggio, int32_t sfondo = Grigio) {
-    QRect r;
-    for (int y = centro.y() - raggio; y <= centro.y() + raggio; ++y)
-        for (int x = centro.x() - raggio; x <= centro.x() + raggio; ++x)
-            if (SondePixel::Colore(img, x, y) != sfondo) r |= QRect(x, y, 1, 1);
-    return r;
-}
-
-// Every pixel of a picture that is not background.
-inline int Disegnati(const QImage& img, int32_t sfondo = Grigio) {
-    int n = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x)
-            if (SondePixel::Colore(img, x, y) != sfondo) ++n;
-    return n;
-}
+using SondePixel::Colore;
+using SondePixel::Disegnati;
+using SondePixel::InColonna;
+using SondePixel::InRiga;
+using SondePixel::Macchia;
+using SondePixel::Punto;
 
 } // namespace AzioniSelezione

@@ -4,6 +4,7 @@
 #include "archive/Archivi.h"
 #include "archive/CopiaLavoro.h"
 #include "model/RecordAzione.h"
+#include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
 
 #include <QPoint>
@@ -20,17 +21,9 @@ inline constexpr int32_t Grigio = 0xC0C0C0;
 
 // Rectangle k (from 1) stands in its own place: four to a row, three rows.
 inline RecordAzione Rettangolo(int k) {
-    RecordAzione r;
-    r.TipoAzione = TipiAzione::Rettangolo;
-    r.XInizio = 600 + ((k - 1) % 4) * 3300;
-    r.YInizio = 600 + ((k - 1) / 4) * 3100;
-    r.XFine = r.XInizio + 2400;
-    r.YFine = r.YInizio + 2400;
-    r.ColLinea = 0;
-    r.ColZona = Rosso;
-    r.FlagPienoVuoto = FlagPieno;
-    r.SpessLinea = 2;
-    return r;
+    const int32_t x = 600 + ((k - 1) % 4) * 3300;
+    const int32_t y = 600 + ((k - 1) / 4) * 3100;
+    return CostruttoriAzioni::Rettangolo(x, y, x + 2400, y + 2400, FlagPieno, 0, Rosso, 2);
 }
 
 // The pixel in the middle of rectangle k.
