@@ -1,13 +1,14 @@
 // Which button of the drawing screen acts in which state, in the four working
 // modes: a button acts where its condition holds and refuses with a beep,
-// changing nothing, where it fails. The conditions are written once, below, as
-// the screen's own table of buttons states them; the program is only asked
-// what it does.
+// changing nothing, where it fails. The conditions are read from
+// dati/condizioni_tasti.txt, written from the screen's own table of buttons;
+// the program is only asked what it does.
 #include "app/MenuGenerale.h"
 #include "archive/IstruzioniArchivio.h"
 #include "base/Bip.h"
 #include "base/Configurazione.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CondizioniTasti.h"
 #include "drawing/GuidaDisegno.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
@@ -84,14 +85,12 @@ using Effetto = std::function<bool(int16_t tasto, const Foto& prima, const Foto&
 
 struct Riga {
     int16_t Tasto;
-    Condizione Agisce;
     Effetto Fa;
     Pannello Apre = Pannello::Nessuno;
     // The states in which it acts through its panel; elsewhere it acts without one.
     Condizione ApreIn = [](const Stato&) { return true; };
 };
 
-const Condizione Sempre = [](const Stato&) { return true; };
 const Effetto NonProvato = [](int16_t, const Foto&, const Foto&) { return true; };
 const Effetto NienteCambia = [](int16_t, const Foto& p, const Foto& d) { return d.StessoStato(p); };
 
@@ -99,91 +98,84 @@ bool Libero(const Stato& s) {
     return s.C < 1 && s.P < 1;
 }
 
-const Condizione NuovaPrimitiva = [](const Stato& s) { return Libero(s) && s.O != 1; };
 const Effetto ApreElemento = [](int16_t t, const Foto&, const Foto& d) { return d.P == t; };
 const Effetto ComandoRosso = [](int16_t t, const Foto&, const Foto& d) { return d.C == t; };
-const Condizione ComeSelezione = [](const Stato& s) { return s.N != 0 && Libero(s) && s.O != 1; };
 
-// The table of the 32 buttons that leave the screen open: condition, effect.
+// What each button does when it acts, and the panel it opens; when it acts
+// is the data's. 133 is answered "Annulla" and leaves the screen open.
 const QList<Riga>& Tabella() {
     static const QList<Riga> tabella = {
-        {101, NuovaPrimitiva, ApreElemento},
-        {102, NuovaPrimitiva, ApreElemento},
-        {103, NuovaPrimitiva, ApreElemento},
-        {104, NuovaPrimitiva, ApreElemento},
-        {105, [](const Stato& s) { return s.P == 101; }, ComandoRosso, Pannello::Direzione},
-        {106, [](const Stato& s) { return s.P == 101; }, ComandoRosso, Pannello::Direzione},
-        {107, [](const Stato& s) { return s.P == 102; }, ComandoRosso, Pannello::Direzione},
-        {108, [](const Stato& s) { return s.P == 102; }, ComandoRosso, Pannello::Direzione},
-        {109, [](const Stato& s) { return s.P == 102; }, ComandoRosso, Pannello::Direzione},
-        {110, [](const Stato& s) { return s.P == 102 || s.P == 104; }, ComandoRosso,
-         Pannello::Direzione},
-        {111,
-         [](const Stato& s) {
-             return s.O != 0 || s.P == 102 || s.P == 103 || s.P == 104 || s.P == 120;
-         },
-         ComandoRosso, Pannello::Direzione},
-        {112,
-         [](const Stato& s) {
-             return s.O != 0 || s.P == 102 || s.P == 103 || s.P == 104 || s.P == 120;
-         },
-         ComandoRosso, Pannello::Direzione},
-        {113, [](const Stato& s) { return s.O != 0 || s.P != 0; }, ComandoRosso,
-         Pannello::Direzione},
-        {114, [](const Stato& s) { return s.N != 0 && Libero(s); },
-         [](int16_t, const Foto&, const Foto& d) { return d.P == 114 && d.C == 114; },
+        {101, ApreElemento},
+        {102, ApreElemento},
+        {103, ApreElemento},
+        {104, ApreElemento},
+        {105, ComandoRosso, Pannello::Direzione},
+        {106, ComandoRosso, Pannello::Direzione},
+        {107, ComandoRosso, Pannello::Direzione},
+        {108, ComandoRosso, Pannello::Direzione},
+        {109, ComandoRosso, Pannello::Direzione},
+        {110, ComandoRosso, Pannello::Direzione},
+        {111, ComandoRosso, Pannello::Direzione},
+        {112, ComandoRosso, Pannello::Direzione},
+        {113, ComandoRosso, Pannello::Direzione},
+        {114, [](int16_t, const Foto&, const Foto& d) { return d.P == 114 && d.C == 114; },
          Pannello::Direzione},
         // Red on the colour panel: the fill colour changes, and nothing else.
-        {115, Sempre,
+        {115,
          [](int16_t, const Foto& p, const Foto& d) {
              return p.Zona != 0x0000FF && d.Zona == 0x0000FF && d.StessoStato(p);
          },
          Pannello::Colore},
-        {116, Sempre,
-         [](int16_t, const Foto& p, const Foto& d) { return d.Riempimento != p.Riempimento; }},
-        {117, [](const Stato& s) { return s.P != 0 || s.O != 0; },
-         [](int16_t, const Foto& p, const Foto& d) {
-             return d.P == 0 && (d.N != p.N || d.O != p.O);
-         }},
-        // With nothing open it goes back in the history, which needs a working
-        // copy: here to step 0, confirmed, which empties the drawing.
-        {118, [](const Stato& s) { return s.O == 1 || !Libero(s) || s.Copie; },
+        {116, [](int16_t, const Foto& p, const Foto& d) { return d.Riempimento != p.Riempimento; }},
+        {117, [](int16_t, const Foto& p,
+                 const Foto& d) { return d.P == 0 && (d.N != p.N || d.O != p.O); }},
+        // With nothing open it goes back in the history: here to step 0,
+        // confirmed, which empties the drawing.
+        {118,
          [](int16_t, const Foto& p, const Foto& d) {
              return d.P == 0 && d.O == 0 && !d.StessoStato(p);
          },
          Pannello::Storia, [](const Stato& s) { return s.O != 1 && Libero(s); }},
-        {119, Libero, NienteCambia, Pannello::Domanda},
-        {120, ComeSelezione,
-         [](int16_t, const Foto&, const Foto& d) { return d.P == 120 && d.C == 113; },
+        {119, NienteCambia, Pannello::Domanda},
+        {120, [](int16_t, const Foto&, const Foto& d) { return d.P == 120 && d.C == 113; },
          Pannello::Direzione},
-        {121, ComeSelezione, NienteCambia, Pannello::Elementi},
-        {122, [](const Stato& s) { return s.N != 0 && s.P < 1 && s.O != 1 && !s.UltimaZona; },
-         [](int16_t, const Foto& p, const Foto& d) {
-             return d.P == 100 + p.ListaAzioni[p.N].TipoAzione;
-         }},
-        {123, [](const Stato& s) { return Libero(s) && s.O != 0; },
+        {121, NienteCambia, Pannello::Elementi},
+        {122, [](int16_t, const Foto& p,
+                 const Foto& d) { return d.P == 100 + p.ListaAzioni[p.N].TipoAzione; }},
+        {123,
          [](int16_t, const Foto& p, const Foto& d) {
              return d.O == 1 && d.ListaAttivi != p.ListaAttivi;
          },
          Pannello::Ribaltamenti},
         // The settings panel, closed at once: nothing changes.
-        {124, Sempre, NienteCambia, Pannello::Settaggi},
-        {125, [](const Stato& s) { return s.O != 1 && s.Attivi != 0; },
-         [](int16_t, const Foto&, const Foto& d) { return d.O == 1; }},
-        {126, Sempre,
-         [](int16_t, const Foto& p, const Foto& d) { return d.CopiaSposta != p.CopiaSposta; }},
-        {127, [](const Stato& s) { return s.N != 0 && Libero(s) && s.O != 0; },
-         [](int16_t, const Foto& p, const Foto& d) { return d.O == 0 && d.N < p.N; }},
-        {128, [](const Stato& s) { return (Libero(s) && s.O != 1) || s.TestoRiaperto; },
-         NienteCambia, Pannello::Tastiera},
-        {129, NuovaPrimitiva, NienteCambia, Pannello::Immagini},
-        {130, NuovaPrimitiva, NienteCambia, Pannello::Lista},
-        {131, [](const Stato& s) { return s.N != 0 && Libero(s) && s.O != 1; }, NienteCambia,
-         Pannello::Domanda},
+        {124, NienteCambia, Pannello::Settaggi},
+        {125, [](int16_t, const Foto&, const Foto& d) { return d.O == 1; }},
+        {126, [](int16_t, const Foto& p, const Foto& d) { return d.CopiaSposta != p.CopiaSposta; }},
+        {127, [](int16_t, const Foto& p, const Foto& d) { return d.O == 0 && d.N < p.N; }},
+        {128, NienteCambia, Pannello::Tastiera},
+        {129, NienteCambia, Pannello::Immagini},
+        {130, NienteCambia, Pannello::Lista},
+        {131, NienteCambia, Pannello::Domanda},
         // The first question of printing, answered "Annulla": nothing changes.
-        {132, Sempre, NienteCambia, Pannello::Domanda},
+        {132, NienteCambia, Pannello::Domanda},
+        {133, NienteCambia, Pannello::Domanda},
     };
     return tabella;
+}
+
+// The conditions of the 33 buttons, as the data file gives them.
+const QHash<int16_t, CondizioniTasti::Voce>& Dati(QStringList* errori = nullptr) {
+    static QStringList letti;
+    static const QHash<int16_t, CondizioniTasti::Voce> dati =
+        CondizioniTasti::Leggi(QStringLiteral(CONDIZIONI_TASTI), letti);
+    if (errori != nullptr) *errori = letti;
+    return dati;
+}
+
+// Does the button act now, by the data? (The red button, which ends its edit
+// command before anything else, is the caller's.)
+bool Agisce(int16_t tasto) {
+    return Dati().value(tasto).AgisceCon(CondizioniTasti::ValoriOra());
 }
 
 // One step of the way to a state: a press, an edit command left open, or an
@@ -434,7 +426,7 @@ class ProvaTabellaComandi : public QObject {
     void Prova(const StatoProva& s, const Riga& r) {
         const Stato& st = s.S;
         const bool rosso = st.C > 0 && r.Tasto == st.C;
-        const bool agisce = rosso || r.Agisce(st);
+        const bool agisce = rosso || Agisce(r.Tasto);
         const Foto prima = Foto::Ora();
         pannelloVisto.clear();
         std::optional<Foto> dentro;
@@ -512,6 +504,21 @@ private slots:
         amb.reset();
     }
 
+    // The data names each of the 33 buttons once, with the tooltip the screen
+    // shows, and every button is pressed below.
+    void i_dati_danno_ogni_tasto_col_suo_suggerimento() {
+        QStringList errori;
+        const QHash<int16_t, CondizioniTasti::Voce>& dati = Dati(&errori);
+        QVERIFY2(errori.isEmpty(), qPrintable(errori.join(u'\n')));
+        QCOMPARE(dati.size(), 33);
+        QCOMPARE(Tabella().size(), 33);
+        for (int16_t t = 101; t <= 133; ++t) {
+            QVERIFY2(dati.contains(t), qPrintable(QStringLiteral("tasto %1").arg(t)));
+            QCOMPARE(dati.value(t).Suggerimento, SuggerimentoTastoDisegno(t));
+            QCOMPARE(Tabella()[t - 101].Tasto, t);
+        }
+    }
+
     // In modes 1 and 2 an open edit command holds the keys for its walk: no
     // button can be fired then, and those states stay out.
     void ogni_tasto_in_ogni_stato_agisce_o_rifiuta_data() {
@@ -538,7 +545,7 @@ private slots:
         QList<const Riga*> agiscono;
         for (const Riga& r : Tabella()) {
             const bool rosso = s.S.C > 0 && r.Tasto == s.S.C;
-            if (rosso || r.Agisce(s.S)) {
+            if (rosso || Agisce(r.Tasto)) {
                 agiscono.append(&r);
                 continue;
             }
