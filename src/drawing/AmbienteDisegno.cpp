@@ -10,6 +10,7 @@
 #include "base/Misure.h"
 #include "base/Numeri.h"
 #include "base/Orologio.h"
+#include "drawing/CodiciComando.h"
 #include "drawing/ComandiDisegno.h"
 #include "drawing/MotoreMovimento.h"
 #include "model/ElementoAttivo.h"
@@ -72,18 +73,22 @@ const std::array<const char*, 33> Suggerimenti = {
 };
 
 QList<FormScansione::DefinizioneTasto> TabellaTasti() {
+    using namespace TastoDisegno;
     QList<FormScansione::DefinizioneTasto> tabella;
+    // The row runs from the primitives to "Annulla Operazioni", the column
+    // from "Nuovo Disegno", shorter, to the close.
     const int sinistreRiga[] = {90,   885,  1680, 2475, 3375,  4170,  4965,  5760,  6555,
                                 7350, 8145, 8940, 9735, 10530, 11325, 12120, 12915, 13710};
-    for (int16_t i = 101; i <= 118; ++i)
+    for (int16_t i = Primo; i <= AnnullaOperazioni; ++i)
         tabella.append(
-            {i, sinistreRiga[i - 101], 75, 705, 660, QString(), SuggerimentoTastoDisegno(i)});
+            {i, sinistreRiga[i - Primo], 75, 705, 660, QString(), SuggerimentoTastoDisegno(i)});
     const int altiColonna[] = {690,  1440, 2190, 2940, 3690, 4440, 5190,
                                5940, 6690, 7440, 8190, 8940, 9690, 10440};
-    tabella.append({119, 14505, 75, 705, 525, QString(), SuggerimentoTastoDisegno(119)});
-    for (int16_t i = 120; i <= 133; ++i)
-        tabella.append({i, i == 128 ? 14520 : 14505, altiColonna[i - 120], 705, 660, QString(),
-                        SuggerimentoTastoDisegno(i)});
+    tabella.append(
+        {NuovoDisegno, 14505, 75, 705, 525, QString(), SuggerimentoTastoDisegno(NuovoDisegno)});
+    for (int16_t i = SelezionaOggetto; i <= Ultimo; ++i)
+        tabella.append({i, i == ScritturaTesti ? 14520 : 14505, altiColonna[i - SelezionaOggetto],
+                        705, 660, QString(), SuggerimentoTastoDisegno(i)});
     return tabella;
 }
 
@@ -103,12 +108,13 @@ QLabel* Etichetta(QWidget* genitore, int sinistra, int alto, int larghezza, int 
 } // namespace
 
 QString SuggerimentoTastoDisegno(int16_t indice) {
-    if (indice < 101 || indice > 133) return {};
-    return QString::fromUtf8(Suggerimenti[static_cast<size_t>(indice - 101)]);
+    if (indice < TastoDisegno::Primo || indice > TastoDisegno::Ultimo) return {};
+    return QString::fromUtf8(Suggerimenti[static_cast<size_t>(indice - TastoDisegno::Primo)]);
 }
 
 AmbienteDisegno::AmbienteDisegno()
-    : FormScansione(101, 133), Quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno) {
+    : FormScansione(TastoDisegno::Primo, TastoDisegno::Ultimo),
+      Quadro(LarghezzaQuadroDisegno, AltezzaQuadroDisegno) {
     setFixedSize(Px(15270), Px(11145));
     QPalette p = palette();
     p.setColor(QPalette::Window, ColoreRGB(0x808080));
@@ -185,7 +191,7 @@ void AmbienteDisegno::ComponiTitolo(const QString& inizio) {
 void AmbienteDisegno::ApriSettaggi() {
     // Above the right edge of the canvas, level with the column of buttons.
     const int sinistra = LarghezzaQuadroDisegno - 795 + 220;
-    const int alto = Twips(Corone.value(120)->y()) + 520;
+    const int alto = Twips(Corone.value(TastoDisegno::SelezionaOggetto)->y()) + 520;
     ApriQuadroSettaggi(
         Quadro, [this] { MostraColori(); }, sinistra, alto);
     // After a first visit the title keeps the program's word in front.
@@ -212,15 +218,16 @@ void AmbienteDisegno::AttivaAmbienteDisegno() {
              setCursor(Qt::ArrowCursor);
              QuadroDisegno->setCursor(Qt::ArrowCursor);
              Quadro.ImpostaBackColor(ColoreSfondo);
-             for (int16_t i = 101; i <= 133; ++i) {
+             for (int16_t i = TastoDisegno::Primo; i <= TastoDisegno::Ultimo; ++i) {
                  Corone.value(i)->hide();
                  ImpostaColoreCorona(i, ColoriCorona::Verde);
              }
              TastoMarcato = 0;
-             Motore.TastoCorrente = ModalitàFunzionamento == 4 ? 119 : 101;
+             Motore.TastoCorrente = ModalitàFunzionamento == 4 ? TastoDisegno::NuovoDisegno
+                                                               : TastoDisegno::PrimitivaLinea;
              AggiornaCorone();
-             CambiaIcona(116, QStringLiteral("forme-vuote"));
-             CambiaIcona(126, QStringLiteral("copia"));
+             CambiaIcona(TastoDisegno::SceltaFormePieneVuote, QStringLiteral("forme-vuote"));
+             CambiaIcona(TastoDisegno::SceltaCopiaSposta, QStringLiteral("copia"));
              MostraColori();
          }},
         {1020,

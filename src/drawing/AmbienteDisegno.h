@@ -93,5 +93,5 @@ inline void (*RitornoAlMenu)() = nullptr;
 // At the very end, outside any event of its own.
 void DistruggiAmbienteDisegno();
 
-// The tooltip of each of the 33 buttons, from 101.
+// The tooltip of each of the 33 buttons, by its command (CodiciComando.h).
 QString SuggerimentoTastoDisegno(int16_t indice);

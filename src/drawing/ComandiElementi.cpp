@@ -7,6 +7,7 @@
 #include "base/Numeri.h"
 #include "base/Utilita.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CodiciComando.h"
 #include "input/QuadroMessaggi.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
@@ -60,11 +61,11 @@ void ComandiElementi::Centra(int32_t larghezza, int32_t altezza) {
 }
 
 void ComandiElementi::InMovimento(int16_t primitiva) {
-    ComandoModifica = 113;
-    a_.Motore.TastoCorrente = 113;
+    ComandoModifica = TastoDisegno::MuoveElementoAttivo;
+    a_.Motore.TastoCorrente = TastoDisegno::MuoveElementoAttivo;
     PrimitivaAttiva = primitiva;
     a_.AggiornaCorone();
-    a_.ImpostaColoreCorona(113, ColoriCorona::Rosso);
+    a_.ImpostaColoreCorona(TastoDisegno::MuoveElementoAttivo, ColoriCorona::Rosso);
     a_.ImpostaColoreCorona(primitiva, ColoriCorona::Blu);
     ElementoRiaperto = 0;
     a_.ApriSceltaDirezione();
@@ -82,7 +83,8 @@ void ComandiElementi::ScritturaTesti() {
     for (;;) {
         ParcheggiaMouse();
         ScriviTesto(0);
-        SezioneCorrente = 1264; // the keyboard's own steps have moved the mark
+        // The keyboard's own steps have moved the mark.
+        SezioneCorrente = MarcaDisegno::ScritturaTesti;
         if (NumeroRigheScritte == 0) {
             a_.Riprendi();
             return;
@@ -120,14 +122,14 @@ void ComandiElementi::ScritturaTesti() {
     // Only the first text of a visit carries a gap in its record; from here on
     // every text is set with none.
     InterlineaCorrente = 0;
-    PrimitivaAttiva = 128;
+    PrimitivaAttiva = TastoDisegno::ScritturaTesti;
     TracciaElementoAttivo(q);
     q.CurrentY = float(ElementoInCostruzione.YInizio);
-    InMovimento(128);
+    InMovimento(TastoDisegno::ScritturaTesti);
 }
 
 void ComandiElementi::CaricaQuadroImmagine(const QString& percorso) {
-    EseguiPassi({{1266, [&] {
+    EseguiPassi({{MarcaDisegno::ImportaImmagine, [&] {
                       try {
                           const QImage figura = Superficie::LoadPicture(percorso);
                           ImmaginiSegnalate.remove(percorso);
@@ -165,9 +167,9 @@ void ComandiElementi::ImportaImmagine() {
     Superficie& q = a_.Quadro;
     q.AutoRedraw = true;
     q.AutoRedraw = false;
-    PrimitivaAttiva = 129;
+    PrimitivaAttiva = TastoDisegno::ImportaImmagine;
     q.DrawWidth = 1;
     q.DrawStyle = 2;
     TracciaElementoAttivo(q);
-    InMovimento(129);
+    InMovimento(TastoDisegno::ImportaImmagine);
 }

@@ -5,6 +5,7 @@
 #include "base/Configurazione.h"
 #include "base/GestioneErrori.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CodiciComando.h"
 #include "input/QuadroMessaggi.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
@@ -17,26 +18,27 @@
 int16_t TastoDelTipo(int32_t tipo) {
     switch (tipo) {
     case TipiAzione::Linea:
-        return 101;
+        return TastoDisegno::PrimitivaLinea;
     case TipiAzione::Arco:
-        return 102;
+        return TastoDisegno::PrimitivaArco;
     case TipiAzione::Rettangolo:
-        return 103;
+        return TastoDisegno::PrimitivaRettangolo;
     case TipiAzione::Ellisse:
-        return 104;
+        return TastoDisegno::PrimitivaEllisse;
     case TipiAzione::Colorazione:
-        return 114;
+        return TastoDisegno::ColoraZona;
     case TipiAzione::Testo:
-        return 128;
+        return TastoDisegno::ScritturaTesti;
     case TipiAzione::Immagine:
-        return 129;
+        return TastoDisegno::ImportaImmagine;
     default:
         return 0;
     }
 }
 
 void ComandiPrimitive::FineComandoModifica() {
-    if (OggettoAttivo == 1 && ComandoModifica >= 111 && ComandoModifica <= 113) {
+    if (OggettoAttivo == 1 && ComandoModifica >= TastoDisegno::ModificaGrandezza1 &&
+        ComandoModifica <= TastoDisegno::MuoveElementoAttivo) {
         // The box a resize stretches against is the one the group has now.
         PrendiBoxRiferimento();
     }
@@ -57,8 +59,9 @@ void ComandiPrimitive::ApriPrimitiva(int16_t indice) {
     e.ColLinea = ColoreLineaCorrente;
     e.ColZona = ColoreZonaCorrente;
     e.SpessLinea = 1;
-    const bool angoli = indice == 101 || indice == 103;
-    e.TipoAzione = indice - 100;
+    const bool angoli =
+        indice == TastoDisegno::PrimitivaLinea || indice == TastoDisegno::PrimitivaRettangolo;
+    e.TipoAzione = indice - 100; // the type is the button's place among the four
     if (angoli) {
         e.XInizio = Predefiniti::XInizio;
         e.YInizio = Predefiniti::YInizio;
@@ -70,11 +73,12 @@ void ComandiPrimitive::ApriPrimitiva(int16_t indice) {
         e.RaggioVert = Predefiniti::Raggio;
         e.RaggioOriz = Predefiniti::Raggio;
     }
-    if (indice == 102) {
+    if (indice == TastoDisegno::PrimitivaArco) {
         e.RadIniz = Predefiniti::RadIniz;
         e.RadFine = Predefiniti::RadFine;
     }
-    if (indice == 103 || indice == 104) e.FlagPienoVuoto = RiempimentoCorrente;
+    if (indice == TastoDisegno::PrimitivaRettangolo || indice == TastoDisegno::PrimitivaEllisse)
+        e.FlagPienoVuoto = RiempimentoCorrente;
     ElementoInCostruzione = e;
     Superficie& q = a_.Quadro;
     q.DrawStyle = 2;
@@ -96,8 +100,8 @@ void ComandiPrimitive::ComandoDiModifica(int16_t indice) {
 }
 
 void ComandiPrimitive::ColoraZona() {
-    PrimitivaAttiva = 114;
-    ComandoModifica = 114;
+    PrimitivaAttiva = TastoDisegno::ColoraZona;
+    ComandoModifica = TastoDisegno::ColoraZona;
     RecordAzione e;
     e.TipoAzione = TipiAzione::Colorazione;
     e.ColLinea = ColoreLineaCorrente;
@@ -111,8 +115,8 @@ void ComandiPrimitive::ColoraZona() {
     q.FillStyle = 1;
     q.AutoRedraw = true;
     q.AutoRedraw = false;
-    a_.ImpostaColoreCorona(114, ColoriCorona::Blu);
-    a_.TastoMarcato = 114;
+    a_.ImpostaColoreCorona(TastoDisegno::ColoraZona, ColoriCorona::Blu);
+    a_.TastoMarcato = TastoDisegno::ColoraZona;
     a_.PosizionaMirino();
     a_.IconaMirino->show();
     a_.ApriSceltaDirezione();
@@ -120,27 +124,29 @@ void ComandiPrimitive::ColoraZona() {
 
 void ComandiPrimitive::SceltaFormePieneVuote() {
     RiempimentoCorrente = RiempimentoCorrente == 1 ? 2 : 1;
-    a_.CambiaIcona(116, RiempimentoCorrente == 2 ? QStringLiteral("forme-piene")
-                                                 : QStringLiteral("forme-vuote"));
+    a_.CambiaIcona(TastoDisegno::SceltaFormePieneVuote, RiempimentoCorrente == 2
+                                                            ? QStringLiteral("forme-piene")
+                                                            : QStringLiteral("forme-vuote"));
     a_.Riprendi();
 }
 
 void ComandiPrimitive::Fissa() {
     Superficie& q = a_.Quadro;
     if (PrimitivaAttiva > 0) {
-        if (PrimitivaAttiva == 114) {
+        if (PrimitivaAttiva == TastoDisegno::ColoraZona) {
             ComandoModifica = 0;
             a_.IconaMirino->hide();
             MirinoX = ElementoInCostruzione.XCentro;
             MirinoY = ElementoInCostruzione.YCentro;
             q.Refresh();
         }
-        if (PrimitivaAttiva == 120) {
+        if (PrimitivaAttiva == TastoDisegno::SelezionaOggetto) {
             // The box is no action: it only says what to select.
-            EseguiPassi({{1202, [] { PrendiRettangoloSelezione(ElementoInCostruzione); }}});
-            a_.ImpostaColoreCorona(120, ColoriCorona::Verde);
+            EseguiPassi(
+                {{MarcaDisegno::Fissa, [] { PrendiRettangoloSelezione(ElementoInCostruzione); }}});
+            a_.ImpostaColoreCorona(TastoDisegno::SelezionaOggetto, ColoriCorona::Verde);
             PrimitivaAttiva = 0;
-            a_.Motore.TastoCorrente = 117;
+            a_.Motore.TastoCorrente = TastoDisegno::Fissa;
             a_.AggiornaCorone();
             SelezionaElementi();
             if (NumeroElementiAttivi == 0) {
@@ -156,7 +162,7 @@ void ComandiPrimitive::Fissa() {
             a_.Riprendi();
             return;
         }
-        EseguiPassi({{1202, [&q] { FissaElemento(q); }}});
+        EseguiPassi({{MarcaDisegno::Fissa, [&q] { FissaElemento(q); }}});
         const bool ripreso = IndiceElementoInModifica != 0;
         if (ripreso)
             SostituisciElementoInModifica();
@@ -168,7 +174,7 @@ void ComandiPrimitive::Fissa() {
         // after it: the canvas shows it there, as every later replay will.
         if (ripreso) a_.RidisegnoCompleto();
         RegistraCopiaLavoro();
-        a_.Motore.TastoCorrente = 117;
+        a_.Motore.TastoCorrente = TastoDisegno::Fissa;
         a_.AggiornaCorone();
         q.Refresh();
         // An object open beside the element is stored too, after it.
@@ -184,7 +190,7 @@ void ComandiPrimitive::Fissa() {
         a_.RidisegnoCompleto();
         OggettoAttivo = 0;
         RegistraCopiaLavoro();
-        a_.Motore.TastoCorrente = 117;
+        a_.Motore.TastoCorrente = TastoDisegno::Fissa;
         a_.AggiornaCorone();
         a_.Riprendi();
     }
@@ -198,7 +204,7 @@ void ComandiPrimitive::Annulla() {
         a_.Riprendi();
         return;
     }
-    if (PrimitivaAttiva == 114) {
+    if (PrimitivaAttiva == TastoDisegno::ColoraZona) {
         a_.IconaMirino->hide();
         ComandoModifica = 0;
     }

@@ -3,6 +3,7 @@
 #include "base/Configurazione.h"
 #include "base/Utilita.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CodiciComando.h"
 #include "drawing/ComandiElementi.h"
 #include "drawing/ComandiPrimitive.h"
 #include "model/ElementoAttivo.h"
@@ -37,7 +38,7 @@ void ComandiElementi::ScegliElemento() {
     const int32_t tipo = ElementoInCostruzione.TipoAzione;
     PrimitivaAttiva = TastoDelTipo(tipo);
     if (tipo == TipiAzione::Colorazione) {
-        ComandoModifica = 114;
+        ComandoModifica = TastoDisegno::ColoraZona;
         a_.PosizionaMirino();
         a_.IconaMirino->show();
     }
@@ -51,10 +52,10 @@ void ComandiElementi::ScegliElemento() {
     a_.AggiornaCorone();
     a_.ImpostaColoreCorona(PrimitivaAttiva, ColoriCorona::Blu);
     if (tipo == TipiAzione::Testo || tipo == TipiAzione::Immagine) {
-        ComandoModifica = 113;
-        a_.Motore.TastoCorrente = 113;
+        ComandoModifica = TastoDisegno::MuoveElementoAttivo;
+        a_.Motore.TastoCorrente = TastoDisegno::MuoveElementoAttivo;
         a_.AggiornaCorone();
-        a_.ImpostaColoreCorona(113, ColoriCorona::Rosso);
+        a_.ImpostaColoreCorona(TastoDisegno::MuoveElementoAttivo, ColoriCorona::Rosso);
     }
     // A reopened and cancelled element comes back thin: the width is the record's.
     ElementoInCostruzione.SpessLinea = 1;

@@ -4,6 +4,7 @@
 #include "base/Bip.h"
 #include "base/GestioneErrori.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CodiciComando.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -26,7 +27,7 @@ void ComandiStoria::TornaNellaStoria() {
         // The copy becomes Azioni only once it has been read whole: a copy that
         // does not read leaves the drawing as it was.
         EseguiPassi({
-            {1204,
+            {MarcaDisegno::AnnullaOperazioni,
              [] {
                  CodiceDisegnoDaCaricare = BaseCopieLavoro + PassoUndo;
                  CaricaAzioniDisegno();
@@ -34,7 +35,7 @@ void ComandiStoria::TornaNellaStoria() {
                  // A selection pointed into the drawing that has gone.
                  AzzeraSelezione();
              }},
-            {1204, [this] { a_.RidisegnoCompleto(); }},
+            {MarcaDisegno::AnnullaOperazioni, [this] { a_.RidisegnoCompleto(); }},
         });
         a_.Riprendi();
         return;

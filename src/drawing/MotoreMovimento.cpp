@@ -4,6 +4,7 @@
 #include "base/Bip.h"
 #include "base/GestioneErrori.h"
 #include "base/Numeri.h"
+#include "drawing/CodiciComando.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/StatoAmbiente.h"
@@ -85,7 +86,7 @@ bool FuoriDalQuadro(double x, double y) {
 // A line's ends may go anywhere, off the canvas too.
 void EstremoLinea() {
     RecordAzione& r = RecordLavoro;
-    if (ComandoModifica == 105)
+    if (ComandoModifica == TastoDisegno::ModificaInizioLinea)
         Sposta(r.XInizio, r.YInizio);
     else
         Sposta(r.XFine, r.YFine);
@@ -106,8 +107,12 @@ void AngoliArco() {
     RecordAzione& r = RecordLavoro;
     const bool alza = TastoMovimento == Destra || TastoMovimento == Su;
     void (*cambia)(float&) = alza ? Alza : Abbassa;
-    if (ComandoModifica == 107 || ComandoModifica == 109) cambia(r.RadIniz);
-    if (ComandoModifica == 108 || ComandoModifica == 109) cambia(r.RadFine);
+    if (ComandoModifica == TastoDisegno::ModificaInizioArco ||
+        ComandoModifica == TastoDisegno::RuotaInteroArco)
+        cambia(r.RadIniz);
+    if (ComandoModifica == TastoDisegno::ModificaFineArco ||
+        ComandoModifica == TastoDisegno::RuotaInteroArco)
+        cambia(r.RadFine);
 }
 
 void FormaEllisse() {
@@ -220,8 +225,8 @@ void Muovi() {
 void GrandezzaElemento() {
     RecordAzione& r = RecordLavoro;
     if (TipoAngoli(r.TipoAzione)) {
-        int32_t& x = ComandoModifica == 111 ? r.XInizio : r.XFine;
-        int32_t& y = ComandoModifica == 111 ? r.YInizio : r.YFine;
+        int32_t& x = ComandoModifica == TastoDisegno::ModificaGrandezza1 ? r.XInizio : r.XFine;
+        int32_t& y = ComandoModifica == TastoDisegno::ModificaGrandezza1 ? r.YInizio : r.YFine;
         if (FuoriDalQuadro(x, y)) return Bip();
         Sposta(x, y);
         return;
@@ -247,7 +252,7 @@ void GrandezzaElemento() {
 // had when selected, nor its centre leave the canvas.
 bool StiramentoFuori() {
     const double passo = Passo();
-    if (ComandoModifica == 111) {
+    if (ComandoModifica == TastoDisegno::ModificaGrandezza1) {
         switch (TastoMovimento) {
         case Destra:
             return IngombroXMin + passo >= double(RiferimentoXMax) - PassoRidimensioneX;
@@ -290,7 +295,7 @@ struct Asse {
 };
 
 Asse AsseDelTasto() {
-    const bool massimo = ComandoModifica == 111;
+    const bool massimo = ComandoModifica == TastoDisegno::ModificaGrandezza1;
     if (Orizzontale())
         return {double(massimo ? RiferimentoXMax : RiferimentoXMin),
                 std::fabs(double(RiferimentoXMax) - RiferimentoXMin), massimo};
@@ -333,8 +338,10 @@ void GrandezzaGruppo() {
     } else if (TipoCentro(r.TipoAzione)) {
         float& centro = x ? r.XCentro : r.YCentro;
         float& raggio = x ? r.RaggioOriz : r.RaggioVert;
-        const bool stira = ComandoModifica == 111 && TastoMovimento == Su ? !EsclusoIn111Su(r)
-                                                                          : asse.LatoLibero(centro);
+        const bool stira =
+            ComandoModifica == TastoDisegno::ModificaGrandezza1 && TastoMovimento == Su
+                ? !EsclusoIn111Su(r)
+                : asse.LatoLibero(centro);
         if (stira) StiraCentro(asse, centro, raggio);
     } else if (r.TipoAzione == TipiAzione::Colorazione) {
         float& centro = x ? r.XCentro : r.YCentro;
@@ -373,26 +380,26 @@ void CopiaGeometria(const RecordAzione& da, RecordAzione& a, bool conTipo) {
 void MotoreMovimento() {
     if (!Freccia()) return;
     switch (ComandoModifica) {
-    case 105:
-    case 106:
+    case TastoDisegno::ModificaInizioLinea:
+    case TastoDisegno::ModificaFineLinea:
         EstremoLinea();
         break;
-    case 107:
-    case 108:
-    case 109:
+    case TastoDisegno::ModificaInizioArco:
+    case TastoDisegno::ModificaFineArco:
+    case TastoDisegno::RuotaInteroArco:
         AngoliArco();
         break;
-    case 110:
+    case TastoDisegno::ModificaFormaEllisseArco:
         FormaEllisse();
         break;
-    case 111:
-    case 112:
+    case TastoDisegno::ModificaGrandezza1:
+    case TastoDisegno::ModificaGrandezza2:
         if (TestaOggetto()) Grandezza();
         break;
-    case 113:
+    case TastoDisegno::MuoveElementoAttivo:
         if (TestaOggetto()) Muovi();
         break;
-    case 114:
+    case TastoDisegno::ColoraZona:
         Mirino();
         break;
     default:
