@@ -2,6 +2,7 @@
 
 #include "base/Bip.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CodiciComando.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -10,7 +11,7 @@
 #include "panels/QuadroSceltaRibaltamenti.h"
 
 void ComandiOggetti::SelezionaOggetto() {
-    PrimitivaAttiva = 120;
+    PrimitivaAttiva = TastoDisegno::SelezionaOggetto;
     RecordAzione e;
     e.TipoAzione = TipiAzione::RettangoloSelezione;
     e.XInizio = Predefiniti::XInizio;
@@ -28,12 +29,12 @@ void ComandiOggetti::SelezionaOggetto() {
     q.AutoRedraw = true;
     q.AutoRedraw = false;
     TracciaElementoAttivo(q);
-    a_.ImpostaColoreCorona(120, ColoriCorona::Blu);
+    a_.ImpostaColoreCorona(TastoDisegno::SelezionaOggetto, ColoriCorona::Blu);
     // The box starts moving at once.
-    ComandoModifica = 113;
-    a_.Motore.TastoCorrente = 113;
+    ComandoModifica = TastoDisegno::MuoveElementoAttivo;
+    a_.Motore.TastoCorrente = TastoDisegno::MuoveElementoAttivo;
     a_.AggiornaCorone();
-    a_.ImpostaColoreCorona(113, ColoriCorona::Rosso);
+    a_.ImpostaColoreCorona(TastoDisegno::MuoveElementoAttivo, ColoriCorona::Rosso);
     a_.ApriSceltaDirezione();
 }
 
@@ -61,7 +62,8 @@ void ComandiOggetti::DisegnaUltimoOggetto() {
 
 void ComandiOggetti::CopiaOSposta_Click() {
     CopiaOSposta = CopiaOSposta == 1 ? 2 : 1;
-    a_.CambiaIcona(126, CopiaOSposta == 2 ? QStringLiteral("sposta") : QStringLiteral("copia"));
+    a_.CambiaIcona(TastoDisegno::SceltaCopiaSposta,
+                   CopiaOSposta == 2 ? QStringLiteral("sposta") : QStringLiteral("copia"));
     a_.Riprendi();
 }
 
