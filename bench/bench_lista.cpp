@@ -88,7 +88,7 @@ int main(int argc, char** argv) {
                 ridisegni.push_back(DurataMs([&] { lista->grab(); }));
             lista->ClickTasto(125);
         });
-        TipoLista = 1;
+        TipoLista = GenereLista::Disegni;
         orologio.start();
         ScegliDaLista();
     }

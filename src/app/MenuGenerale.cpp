@@ -239,7 +239,7 @@ void MenuGenerale::TastoMenùZanto_Click(int16_t indice) {
 }
 
 void MenuGenerale::ScegliCartella() {
-    TipoLista = 2;
+    TipoLista = GenereLista::Cartelle;
     ModoCartelle = 2;
     ScegliDaLista();
     if (!VoceScelta.isEmpty()) {

@@ -143,7 +143,7 @@ void ComandiElementi::CaricaQuadroImmagine(const QString& percorso) {
 }
 
 void ComandiElementi::ImportaImmagine() {
-    TipoLista = 5;
+    TipoLista = GenereLista::Immagini;
     ScegliDaLista();
     if (VoceScelta.isEmpty()) {
         ComandoModifica = 0;

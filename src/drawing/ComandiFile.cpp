@@ -89,7 +89,7 @@ void ComandiFile::LeggiDisegno() {
         }
     }
     ComandoModifica = 130;
-    TipoLista = 1;
+    TipoLista = GenereLista::Disegni;
     ScegliDaLista();
     // The list may have deleted the drawing on the canvas.
     MostraNome();

@@ -225,7 +225,7 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
     const bool codiceValido = numero >= 1 && numero <= INT32_MAX;
     const auto codice = static_cast<int32_t>(codiceValido ? numero : 0);
     switch (TipoLista) {
-    case 1:
+    case GenereLista::Disegni:
         if (!codiceValido) return false;
         EliminaDisegno(codice);
         QFile::remove(
@@ -238,7 +238,7 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
             NomeDisegnoCorrente.clear();
         }
         return true;
-    case 2: {
+    case GenereLista::Cartelle: {
         if (!codiceValido) return false;
         EliminaCartella(codice);
         // Its own directory only: the name is made safe and carries no way out,
@@ -254,11 +254,11 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
         }
         return true;
     }
-    case 3:
+    case GenereLista::Oggetti:
         if (!codiceValido) return false;
         EliminaOggetto(codice);
         return true;
-    case 4:
+    case GenereLista::CartelleObj:
         if (!codiceValido) return false;
         EliminaCartellaObj(codice);
         if (codice == CodiceCartellaObjAttiva) {
@@ -266,9 +266,9 @@ bool EliminaVoceLista(const EtichettaLetta& voce) {
             NomeCartellaObjAttiva.clear();
         }
         return true;
-    case 5:
-    case 6:
-    case 9:
+    case GenereLista::Immagini:
+    case GenereLista::Testi:
+    case GenereLista::Scambi:
         return RimuoviFile(voce.Nome, numero);
     default:
         return false;

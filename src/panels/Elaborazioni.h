@@ -4,20 +4,65 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <utility>
 
-// What the list panel shows and gives back. The fill routines leave the labels
-// of the whole list in VociLista (from 1) and their count in NumeroVoci.
-inline int16_t TipoLista = 0;    // 1 drawings, 2 drawing folders, 3 objects, 4 object
-                                 // folders, 5 pictures, 6 text files, 7 fonts, 8 sizes,
-                                 // 9 drawings to import
-inline int16_t ModoCartelle = 0; // 2: folders may be made as well as chosen
-inline QStringList VociLista{QString()};
-inline int16_t NumeroVoci = 0;
-inline QString TitoloLista;
-inline QString VoceScelta;
+// The kinds of list, by the number the program gives each.
+enum class GenereLista : int16_t {
+    Nessuna = 0,
+    Disegni = 1,     // the drawings of the active folder
+    Cartelle = 2,    // the folders of drawings
+    Oggetti = 3,     // the objects of the active object folder
+    CartelleObj = 4, // the folders of objects
+    Immagini = 5,    // the pictures of the files folder
+    Testi = 6,       // the text files of the files folder
+    Font = 7,        // the screen's fonts
+    Dimensioni = 8,  // the sizes of a font
+    Scambi = 9,      // the drawings to import
+};
 
-// The name written for a new folder.
-inline QString NomeNuovaCartella;
+// What the list panel shows and gives back: the state of the list in front.
+// The fill routines leave the labels of the whole list in VociLista (from 1)
+// and their count in NumeroVoci.
+struct StatoLista {
+    GenereLista TipoLista = GenereLista::Nessuna;
+    int16_t ModoCartelle = 0; // 2: folders may be made as well as chosen
+    QStringList VociLista{QString()};
+    int16_t NumeroVoci = 0;
+    QString TitoloLista;
+    QString VoceScelta;
+    // The name written for a new folder.
+    QString NomeNuovaCartella;
+    // (1) lets the New button act, (2) the Delete button; (3) is kept and unread.
+    int16_t AbilitaTastiLista[4] = {0, 0, 0, 0};
+    int16_t PrimaVoceVisibile = 1; // the line of the list on the first row
+    int16_t RigaScelta = 0;        // 0, or the row 101..120 picked
+    bool operator==(const StatoLista&) const = default;
+};
+inline StatoLista DatiLista;
+// The names the program reads and writes them by.
+inline GenereLista& TipoLista = DatiLista.TipoLista;
+inline int16_t& ModoCartelle = DatiLista.ModoCartelle;
+inline QStringList& VociLista = DatiLista.VociLista;
+inline int16_t& NumeroVoci = DatiLista.NumeroVoci;
+inline QString& TitoloLista = DatiLista.TitoloLista;
+inline QString& VoceScelta = DatiLista.VoceScelta;
+inline QString& NomeNuovaCartella = DatiLista.NomeNuovaCartella;
+inline int16_t (&AbilitaTastiLista)[4] = DatiLista.AbilitaTastiLista;
+
+// A list can open inside another: the folder list's New opens the keyboard,
+// whose 110 opens the list of text files. While one of these lives the list
+// in front is kept aside, and it is put back whole when the one inside has
+// closed, so that the list below finds itself as it left it.
+class ListaTenuta {
+public:
+    ListaTenuta() : tenuta_(DatiLista) {}
+    ~ListaTenuta() { DatiLista = std::move(tenuta_); }
+    ListaTenuta(const ListaTenuta&) = delete;
+    ListaTenuta& operator=(const ListaTenuta&) = delete;
+
+private:
+    StatoLista tenuta_;
+};
 
 struct EtichettaLetta;
 

@@ -16,7 +16,7 @@
 
 namespace {
 
-const QString& TitoloDi(int16_t tipo) {
+const QString& TitoloDi(GenereLista tipo) {
     static const QString titoli[10] = {
         QString(),
         QStringLiteral("Programma «ZANTO» - Scelta Disegno"),
@@ -29,42 +29,44 @@ const QString& TitoloDi(int16_t tipo) {
         QStringLiteral("Programma «ZANTO» - Scelta Dimensione Carattere"),
         QStringLiteral("Programma «ZANTO» - Scelta Disegno da Importare"),
     };
-    return titoli[tipo >= 1 && tipo <= 9 ? tipo : 0];
+    const auto numero = static_cast<int16_t>(tipo);
+    return titoli[numero >= 1 && numero <= 9 ? numero : 0];
 }
 
 // The face of the lines: fixed pitch, so that the brackets stand in one column.
-QFont CarattereRiga(int16_t tipo, const QString& etichetta) {
-    if (tipo == 7) return Carattere(LeggiEtichetta(etichetta).Nome, 11);
-    QFont f = Carattere(QStringLiteral("Lucida Console"), tipo == 8 ? 15 : 9, true);
+QFont CarattereRiga(GenereLista tipo, const QString& etichetta) {
+    if (tipo == GenereLista::Font) return Carattere(LeggiEtichetta(etichetta).Nome, 11);
+    QFont f =
+        Carattere(QStringLiteral("Lucida Console"), tipo == GenereLista::Dimensioni ? 15 : 9, true);
     f.setStyleHint(QFont::TypeWriter);
     f.setFixedPitch(true);
     return f;
 }
 
-QStringList PrimaDomanda(int16_t tipo) {
+QStringList PrimaDomanda(GenereLista tipo) {
     const QString attenzione = QStringLiteral("ATTENZIONE!");
     switch (tipo) {
-    case 1:
+    case GenereLista::Disegni:
         return {QStringLiteral("ELIMINARE il Disegno Selezionato?"), attenzione,
                 QStringLiteral("Il Disegno verrà definitivamente cancellato!")};
-    case 2:
+    case GenereLista::Cartelle:
         return {QStringLiteral("ELIMINARE la Cartella Selezionata?"), attenzione,
                 QStringLiteral("Tutti i Disegni in essa contenuti verranno"),
                 QStringLiteral("definitivamente cancellati!")};
-    case 3:
+    case GenereLista::Oggetti:
         return {QStringLiteral("ELIMINARE l'Oggetto selezionato?"), attenzione,
                 QStringLiteral("L'Oggetto verrà definitivamente cancellato!")};
-    case 4:
+    case GenereLista::CartelleObj:
         return {QStringLiteral("ELIMINARE la Cartella Selezionata?"), attenzione,
                 QStringLiteral("Tutti gli Oggetti in essa contenuti verranno"),
                 QStringLiteral("definitivamente cancellati!")};
-    case 5:
+    case GenereLista::Immagini:
         return {QStringLiteral("ELIMINARE il File Immagine selezionato?"), attenzione,
                 QStringLiteral("Il File Immagine verrà definitivamente cancellato!")};
-    case 6:
+    case GenereLista::Testi:
         return {QStringLiteral("ELIMINARE il File di Testo selezionato?"), attenzione,
                 QStringLiteral("Il File di Testo verrà definitivamente cancellato!")};
-    case 9:
+    case GenereLista::Scambi:
         return {QStringLiteral("ELIMINARE il File di Disegno selezionato?"), attenzione,
                 QStringLiteral("Il File di Disegno verrà definitivamente cancellato!")};
     default:
@@ -72,33 +74,33 @@ QStringList PrimaDomanda(int16_t tipo) {
     }
 }
 
-QStringList SecondaDomanda(int16_t tipo) {
+QStringList SecondaDomanda(GenereLista tipo) {
     QStringList righe = {QStringLiteral("ATTENZIONE!"),
                          QStringLiteral("Conferma definitiva di cancellazione")};
     switch (tipo) {
-    case 1:
+    case GenereLista::Disegni:
         righe << QStringLiteral("del Disegno selezionato.");
         break;
-    case 2:
+    case GenereLista::Cartelle:
         righe << QStringLiteral("della Cartella selezionata.")
               << QStringLiteral("TUTTI i Disegni in essa contenuti")
               << QStringLiteral("verranno totalmente eliminati!");
         break;
-    case 3:
+    case GenereLista::Oggetti:
         righe << QStringLiteral("dell'Oggetto selezionato.");
         break;
-    case 4:
+    case GenereLista::CartelleObj:
         righe << QStringLiteral("della Cartella selezionata.")
               << QStringLiteral("TUTTI gli Oggetti in essa contenuti")
               << QStringLiteral("verranno totalmente eliminati!");
         break;
-    case 5:
+    case GenereLista::Immagini:
         righe << QStringLiteral("del File Immagine selezionato.");
         break;
-    case 6:
+    case GenereLista::Testi:
         righe << QStringLiteral("del File di Testo selezionato.");
         break;
-    case 9:
+    case GenereLista::Scambi:
         righe << QStringLiteral("del File di Disegno selezionato.");
         break;
     default:
@@ -107,6 +109,10 @@ QStringList SecondaDomanda(int16_t tipo) {
     righe << QStringLiteral("Premere «OK» per cancellare o")
           << QStringLiteral("«Annulla» per abbandonare!");
     return righe;
+}
+
+bool DiCartelle(GenereLista tipo) {
+    return tipo == GenereLista::Cartelle || tipo == GenereLista::CartelleObj;
 }
 
 } // namespace
@@ -194,7 +200,7 @@ void QuadroMostraLista::RiempiRighe() {
 }
 
 bool QuadroMostraLista::ListaVuotaDetta() const {
-    return TipoLista == 9 && NumeroVoci == 0;
+    return TipoLista == GenereLista::Scambi && NumeroVoci == 0;
 }
 
 QString QuadroMostraLista::NomeParlato(int16_t indice) const {
@@ -311,10 +317,19 @@ void QuadroMostraLista::NuovaCartella() {
     NumeroRigheScritte = 0;
     RigheScritte = QStringList{QString()};
     // The keyboard's title says what it asks for.
-    const QString cosa = TipoLista == 2   ? QStringLiteral("Nome della Nuova Cartella Disegni")
-                         : TipoLista == 4 ? QStringLiteral("Nome della Nuova Cartella Oggetti")
-                                          : QString();
-    if (ScriviTesto(LarghezzaNomeEtichetta, cosa) == 0) {
+    const QString cosa = TipoLista == GenereLista::Cartelle
+                             ? QStringLiteral("Nome della Nuova Cartella Disegni")
+                         : TipoLista == GenereLista::CartelleObj
+                             ? QStringLiteral("Nome della Nuova Cartella Oggetti")
+                             : QString();
+    int16_t scritte = 0;
+    {
+        // The keyboard opens lists of its own (its texts, through its fonts):
+        // this list must find itself as it left it.
+        const ListaTenuta questa;
+        scritte = ScriviTesto(LarghezzaNomeEtichetta, cosa);
+    }
+    if (scritte == 0) {
         DopoCambio();
         return;
     }
@@ -330,7 +345,7 @@ void QuadroMostraLista::NuovaCartella() {
         doppio = StessoNome(LeggiEtichetta(VociLista.at(i)).Nome, nome);
     if (doppio) {
         Bip();
-        if (TipoLista == 2 || TipoLista == 4)
+        if (DiCartelle(TipoLista))
             Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
                              QStringLiteral("Il nome prescelto per la nuova Cartella è"),
                              QStringLiteral("già esistente."),
@@ -341,10 +356,10 @@ void QuadroMostraLista::NuovaCartella() {
         return;
     }
     NomeNuovaCartella = nome;
-    if (TipoLista == 2) {
+    if (TipoLista == GenereLista::Cartelle) {
         CreaCartellaDisegni();
         RiempiListaCartelle();
-    } else if (TipoLista == 4) {
+    } else if (TipoLista == GenereLista::CartelleObj) {
         CreaCartellaOggetti();
         RiempiListaCartelleObj();
     }
@@ -362,13 +377,14 @@ void QuadroMostraLista::Elimina() {
         return;
     }
     const EtichettaLetta voce = LeggiEtichetta(Tasti.value(RigaScelta)->text());
-    if ((TipoLista == 2 || TipoLista == 4) && voce.Valore() == 1) {
+    if (DiCartelle(TipoLista) && voce.Valore() == 1) {
         Bip();
         ParcheggiaMouse();
         Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
                          QStringLiteral("E' impossibile eliminare la Cartella di Sistema"),
-                         TipoLista == 2 ? QStringLiteral("denominata «·Disegni Generale».")
-                                        : QStringLiteral("denominata «·Oggetti Generale»."),
+                         TipoLista == GenereLista::Cartelle
+                             ? QStringLiteral("denominata «·Disegni Generale».")
+                             : QStringLiteral("denominata «·Oggetti Generale»."),
                          QStringLiteral("Premere «OK» per continuare!")}),
                   1, 1);
         return;
@@ -385,27 +401,29 @@ void QuadroMostraLista::Elimina() {
     bool eliminato = false;
     EseguiPassi({{2280, [&] { eliminato = EliminaVoceLista(voce); }}});
     // A file gone since the list was read: nothing to delete, say so by a beep.
-    if (!eliminato && ((TipoLista >= 1 && TipoLista <= 6) || TipoLista == 9)) Bip();
+    if (!eliminato && ((TipoLista >= GenereLista::Disegni && TipoLista <= GenereLista::Testi) ||
+                       TipoLista == GenereLista::Scambi))
+        Bip();
     switch (TipoLista) {
-    case 1:
+    case GenereLista::Disegni:
         RiempiListaDisegni();
         break;
-    case 2:
+    case GenereLista::Cartelle:
         RiempiListaCartelle();
         break;
-    case 3:
+    case GenereLista::Oggetti:
         RiempiListaOggetti();
         break;
-    case 4:
+    case GenereLista::CartelleObj:
         RiempiListaCartelleObj();
         break;
-    case 5:
+    case GenereLista::Immagini:
         RiempiListaImmagini();
         break;
-    case 6:
+    case GenereLista::Testi:
         RiempiListaTesti();
         break;
-    case 9:
+    case GenereLista::Scambi:
         RiempiListaScambi();
         break;
     default:
@@ -417,42 +435,45 @@ void QuadroMostraLista::Elimina() {
 void ScegliDaLista() {
     SvuotaLista();
     AbilitaTastiLista[1] = AbilitaTastiLista[2] = AbilitaTastiLista[3] = 0;
+    // A new opening starts at the top with no row picked.
+    DatiLista.PrimaVoceVisibile = 1;
+    DatiLista.RigaScelta = 0;
     TitoloLista = TitoloDi(TipoLista);
     const bool gestione = ModoCartelle == 2;
     switch (TipoLista) {
-    case 1:
+    case GenereLista::Disegni:
         AbilitaTastiLista[2] = 1;
         RiempiListaDisegni();
         break;
-    case 2:
+    case GenereLista::Cartelle:
         AbilitaTastiLista[1] = gestione ? 1 : 0;
         AbilitaTastiLista[2] = 1;
         RiempiListaCartelle();
         break;
-    case 3:
+    case GenereLista::Oggetti:
         AbilitaTastiLista[2] = 1;
         RiempiListaOggetti();
         break;
-    case 4:
+    case GenereLista::CartelleObj:
         AbilitaTastiLista[1] = gestione ? 1 : 0;
         AbilitaTastiLista[2] = 1;
         RiempiListaCartelleObj();
         break;
-    case 5:
+    case GenereLista::Immagini:
         AbilitaTastiLista[2] = 1;
         RiempiListaImmagini();
         break;
-    case 6:
+    case GenereLista::Testi:
         AbilitaTastiLista[2] = 1;
         RiempiListaTesti();
         break;
-    case 7:
+    case GenereLista::Font:
         RiempiListaFont();
         break;
-    case 8:
+    case GenereLista::Dimensioni:
         RiempiListaDimensioni();
         break;
-    case 9:
+    case GenereLista::Scambi:
         AbilitaTastiLista[2] = 1;
         RiempiListaScambi();
         break;

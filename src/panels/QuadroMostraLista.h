@@ -1,13 +1,11 @@
 #pragma once
 
 #include "input/FormScansione.h"
+#include "panels/Elaborazioni.h"
 
 #include <QString>
 
 #include <cstdint>
-
-// (1) lets the New button act, (2) the Delete button; (3) is kept and unread.
-inline int16_t AbilitaTastiLista[4] = {0, 0, 0, 0};
 
 // The first line of a list of drawings to import when the files folder holds none.
 inline const QString TestoListaScambiVuota =
@@ -27,8 +25,9 @@ public:
     void RoutineTastoGiu(int codice, int modificatori) override;
     QString NomeParlato(int16_t indice) const override;
 
-    int16_t RigaScelta = 0; // 0, or the line 101..120 picked
-    int16_t PrimaVoceVisibile = 1;
+    // The list in front's (DatiLista), kept whole under a list opened inside it.
+    int16_t& RigaScelta = DatiLista.RigaScelta;
+    int16_t& PrimaVoceVisibile = DatiLista.PrimaVoceVisibile;
 
     static constexpr uint32_t ColoreNormale = 0xC0C0C0;
     static constexpr uint32_t ColoreScelta = 0xFFFF00;

@@ -333,7 +333,7 @@ void QuadroScriviTesto::ClickLettera(int16_t indice) {
 }
 
 void QuadroScriviTesto::ImportaTesto() {
-    TipoLista = 6;
+    TipoLista = GenereLista::Testi;
     ScegliDaLista();
     if (VoceScelta.isEmpty()) return;
     const int64_t indice = LeggiEtichetta(VoceScelta).Valore();
@@ -501,11 +501,15 @@ void QuadroScriviTesto::RoutineCarattere(int tastoQt, const QString& testo) {
 }
 
 int16_t ScriviTesto(int16_t limite, const QString& cosa) {
+    const StatoScriviTesto sotto = DatiScriviTesto;
     LunghezzaMassimaTesto = limite;
-    QuadroScriviTesto quadro;
-    if (!cosa.isEmpty()) quadro.setWindowTitle(QStringLiteral("Programma «ZANTO»  -  ") + cosa);
-    quadro.AttivaQuadroScriviTesto();
-    ParcheggiaMouse();
-    quadro.exec();
+    {
+        QuadroScriviTesto quadro;
+        if (!cosa.isEmpty()) quadro.setWindowTitle(QStringLiteral("Programma «ZANTO»  -  ") + cosa);
+        quadro.AttivaQuadroScriviTesto();
+        ParcheggiaMouse();
+        quadro.exec();
+    }
+    DatiScriviTesto = sotto;
     return NumeroRigheScritte;
 }

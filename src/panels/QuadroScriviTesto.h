@@ -11,10 +11,19 @@
 class QFrame;
 class QPlainTextEdit;
 
-// The call of the keyboard: set the limit and the lines (NumeroRigheScritte and
-// RigheScritte, which the drawing screen's text shares: model/StatoAmbiente.h),
-// open it, read the lines back.
-inline int16_t LunghezzaMassimaTesto = 0; // above 0: longest text; 0: no limit
+// What this unit keeps while the program runs: one structure, reset whole.
+// Each opening of the keyboard sets it and gives back, as it closes, what the
+// keyboard below it (if any) had.
+struct StatoScriviTesto {
+    // The call of the keyboard: set the limit and the lines (NumeroRigheScritte and
+    // RigheScritte, which the drawing screen's text shares: model/StatoAmbiente.h),
+    // open it, read the lines back.
+    int16_t LunghezzaMassimaTesto = 0; // above 0: longest text; 0: no limit
+    bool operator==(const StatoScriviTesto&) const = default;
+};
+inline StatoScriviTesto DatiScriviTesto;
+// The names the program reads and writes them by.
+inline int16_t& LunghezzaMassimaTesto = DatiScriviTesto.LunghezzaMassimaTesto;
 
 // The on-screen keyboard: the only way a switch user writes a text. Two sets
 // of keys on one engine, the 70 letter keys (set 0) and the 12 function keys

@@ -191,7 +191,7 @@ void QuadroSettaggi::CartelleOggetti() {
         return;
     }
     // The folders are managed here; the one chosen does not become active.
-    TipoLista = 4;
+    TipoLista = GenereLista::CartelleObj;
     ModoCartelle = 2;
     ScegliDaLista();
     Riprendi();

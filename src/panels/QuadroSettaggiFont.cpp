@@ -84,14 +84,14 @@ void QuadroSettaggiFont::ClickTasto(int16_t indice) {
     switch (indice) {
     case 101:
         ModoCartelle = 0;
-        TipoLista = 7;
+        TipoLista = GenereLista::Font;
         ScegliDaLista();
         if (!VoceScelta.isEmpty()) FontCorrente = LeggiEtichetta(VoceScelta).Nome;
         Riprendi();
         return;
     case 102:
         ModoCartelle = 0;
-        TipoLista = 8;
+        TipoLista = GenereLista::Dimensioni;
         ScegliDaLista();
         if (!VoceScelta.isEmpty()) {
             // A size's label is the bare number.

@@ -24,7 +24,7 @@ constexpr int16_t LunghezzaNomeOggetto = 40;
 // The folder of objects picked on the list becomes the active one; false when
 // the list was left without a choice.
 bool ScegliCartellaOggetti() {
-    TipoLista = 4;
+    TipoLista = GenereLista::CartelleObj;
     ModoCartelle = 1;
     ScegliDaLista();
     if (VoceScelta.isEmpty()) return false;
@@ -47,7 +47,7 @@ void QuadroSettaggi::LeggiOggetto() {
         Riprendi();
     };
     if (!ScegliCartellaOggetti()) return nienteScelto();
-    TipoLista = 3;
+    TipoLista = GenereLista::Oggetti;
     ScegliDaLista();
     if (VoceScelta.isEmpty()) return nienteScelto();
     const EtichettaLetta voce = LeggiEtichetta(VoceScelta);

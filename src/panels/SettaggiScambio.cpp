@@ -141,7 +141,7 @@ void QuadroSettaggi::Importa() {
         Riprendi();
         return;
     }
-    TipoLista = 9;
+    TipoLista = GenereLista::Scambi;
     ModoCartelle = 1;
     ScegliDaLista();
     if (VoceScelta.isEmpty()) {

@@ -236,7 +236,7 @@ private slots:
         c.Tasto(Qt::Key_Return);
         c.Avvia();
         Menu(4);
-        TipoLista = 8;
+        TipoLista = GenereLista::Dimensioni;
         ScegliDaLista();
         QCOMPARE(sfondo, QColor(Qt::black));
     }

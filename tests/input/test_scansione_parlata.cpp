@@ -217,7 +217,7 @@ private slots:
     void lista_il_nome_della_riga_senza_numero() {
         ModalitàFunzionamento = 4;
         Menu(4);
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         QString riga, vuota;
         QStringList detti;
         Copione c(*orologio);

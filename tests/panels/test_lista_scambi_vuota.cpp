@@ -33,7 +33,7 @@ private slots:
         amb->ApriArchivi();
         orologio = std::make_unique<OrologioVirtuale>();
         ModalitàFunzionamento = 4;
-        TipoLista = 9;
+        TipoLista = GenereLista::Scambi;
     }
     void cleanup() {
         orologio.reset();

@@ -83,7 +83,7 @@ private slots:
         NomeCartellaAttiva = NomiArchivi::CartellaSistemaDisegni;
         CodiceCartellaObjAttiva = 1;
         ModalitàFunzionamento = 4;
-        TipoLista = 1;
+        TipoLista = GenereLista::Disegni;
     }
     void cleanup() {
         orologio.reset();
@@ -328,7 +328,7 @@ private slots:
                                                    {true, true},   {false, true}, {false, true},
                                                    {false, false}, {false, false}};
         for (int16_t tipo = 1; tipo <= 8; ++tipo) {
-            TipoLista = tipo;
+            TipoLista = static_cast<GenereLista>(tipo);
             ModoCartelle = 2;
             QString titolo;
             QPair<bool, bool> attivi;
@@ -343,7 +343,7 @@ private slots:
             QCOMPARE(attivi, pulsanti.at(tipo - 1));
         }
         // Folders to choose only: no New.
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 1;
         bool nuovo = true;
         Copione c(*orologio);
@@ -353,7 +353,7 @@ private slots:
     }
 
     void le_righe_dei_font_si_mostrano_nel_loro_carattere() {
-        TipoLista = 7;
+        TipoLista = GenereLista::Font;
         QString nome;
         QString famiglia;
         Copione c(*orologio);
@@ -436,7 +436,7 @@ private slots:
     }
 
     void la_cartella_di_sistema_non_si_elimina_una_omonima_si() {
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 2;
         Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabCartelle VALUES (5, '·Disegni "
                                             "Generale')"));
@@ -463,7 +463,7 @@ private slots:
     }
 
     void elimina_una_cartella_con_i_suoi_disegni_e_la_sua_sola_directory() {
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 2;
         Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabCartelle VALUES (2, 'A/B'),"
                                             " (3, 'A?B')"));
@@ -492,7 +492,7 @@ private slots:
     }
 
     void elimina_una_cartella_di_oggetti_con_i_suoi_oggetti() {
-        TipoLista = 4;
+        TipoLista = GenereLista::CartelleObj;
         ModoCartelle = 2;
         Sql(ArchivioOggetti, QStringLiteral("INSERT INTO TabCartelleObj VALUES (2, 'Animali')"));
         Sql(ArchivioOggetti, QStringLiteral("INSERT INTO TabOggetti VALUES (1, 'gatto', 2),"
@@ -511,7 +511,7 @@ private slots:
     }
 
     void elimina_un_oggetto() {
-        TipoLista = 3;
+        TipoLista = GenereLista::Oggetti;
         Sql(ArchivioOggetti, QStringLiteral("INSERT INTO TabOggetti VALUES (4, 'gatto', 1)"));
         Copione c(*orologio);
         c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Right).Tasto(Qt::Key_Right).Tasto(Qt::Key_Return);
@@ -525,7 +525,7 @@ private slots:
         const QString testo = PercorsoFile() + QStringLiteral("/lettera.rtf");
         ScriviFile(immagine);
         ScriviFile(testo);
-        for (int16_t tipo : {5, 6}) {
+        for (GenereLista tipo : {GenereLista::Immagini, GenereLista::Testi}) {
             TipoLista = tipo;
             Copione c(*orologio);
             c.Tasto(Qt::Key_Return).Tasto(Qt::Key_Right).Tasto(Qt::Key_Right);
@@ -542,7 +542,7 @@ private slots:
         const QString altra = PercorsoFile() + QStringLiteral("/altra.bmp");
         ScriviFile(immagine);
         ScriviFile(altra);
-        TipoLista = 5;
+        TipoLista = GenereLista::Immagini;
         QString nome;
         Copione c(*orologio);
         c.Esegui([&] {
@@ -560,7 +560,7 @@ private slots:
     }
 
     void elimina_disattivo_sui_font_mostra_l_ultimo_testo_e_non_elimina() {
-        TipoLista = 7;
+        TipoLista = GenereLista::Font;
         TestoQuadroMessaggi = QStringLiteral("Ultimo testo");
         QString visto;
         int voci = -1;
@@ -606,7 +606,7 @@ private slots:
     // New folders: the name on the keyboard, the row and the directory.
 
     void nuova_cartella_di_disegni_scritta_sulla_tastiera() {
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 2;
         int16_t corrente = 0;
         QString prima;
@@ -629,7 +629,7 @@ private slots:
     }
 
     void nuova_cartella_di_oggetti() {
-        TipoLista = 4;
+        TipoLista = GenereLista::CartelleObj;
         ModoCartelle = 2;
         Copione c(*orologio);
         c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
@@ -642,7 +642,7 @@ private slots:
     }
 
     void un_nome_gia_usato_senza_badare_a_maiuscole_e_accenti_e_rifiutato() {
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 2;
         Sql(ArchivioDisegni, QStringLiteral("INSERT INTO TabCartelle VALUES (2, 'Città')"));
         QString messaggio;
@@ -660,7 +660,7 @@ private slots:
     }
 
     void una_cartella_di_nome_punto_punto_resta_nella_directory_dei_disegni() {
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 2;
         Copione c(*orologio);
         c.Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up).Tasto(Qt::Key_Up);
@@ -689,7 +689,7 @@ private slots:
     }
 
     void una_cartella_di_40_caratteri_con_percento_e_apostrofo() {
-        TipoLista = 2;
+        TipoLista = GenereLista::Cartelle;
         ModoCartelle = 2;
         const QString nome = QStringLiteral("100% L'ARTE DI DISEGNARE CON UN TASTO OK");
         QCOMPARE(nome.size(), 40);

@@ -77,19 +77,11 @@ void RipristinaGlobali() {
     TipoQuadroMessaggi = 0;
     TastoPredefinitoQuadroMessaggi = 0;
     EsitoQuadroMessaggi = 0;
-    // panels
-    LunghezzaMassimaTesto = 0;
     // model and archive: add their globals here as they come.
     AzzeraStatoAmbiente();
     // panels
-    TipoLista = 0;
-    ModoCartelle = 0;
-    SvuotaLista();
-    TitoloLista.clear();
-    VoceScelta.clear();
-    NomeNuovaCartella.clear();
-    for (int16_t& abilita : AbilitaTastiLista)
-        abilita = 0;
+    DatiLista = StatoLista{};
+    DatiScriviTesto = StatoScriviTesto{};
     DirezioneScelta = 0;
     RibaltamentoScelto = 0;
     ColoreScelto = -1;
