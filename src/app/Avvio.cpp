@@ -26,6 +26,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -121,6 +122,124 @@ void ScatolaConfigurazioneAssente() {
                                      .arg(SezioneCorrente));
 }
 
+int Termina(int codice) {
+    Ferma();
+    return codice;
+}
+
+// The checks of the start before the archives open: each gives the program's
+// exit code when the start ends there.
+
+std::optional<int> CartellaDatiAssente() {
+    // Without the data folder the configuration archive is missing too, and
+    // the write test would only blame the user's rights.
+    SezioneCorrente = 130;
+    if (QFileInfo::exists(RadiceDati)) return std::nullopt;
+    ScatolaConfigurazioneAssente();
+    return 1;
+}
+
+// A second instance says so and ends: the one running keeps the data.
+std::optional<int> AltraIstanzaAperta(EsitoBlocco blocco) {
+    if (blocco != EsitoBlocco::Occupato) return std::nullopt;
+    PuntatorePredefinito();
+    MostraScatolaPiattaforma(IconaScatola::Esclamazione, QStringLiteral("ZANTO"),
+                             MessaggiAvvio[11]);
+    return 0;
+}
+
+std::optional<int> ScritturaImpossibile() {
+    ScritturaFallita = 0;
+    ErroreZanto scrittura;
+    EseguiPassi({{105, [&scrittura] {
+                      try {
+                          ProvaScrittura();
+                      } catch (const ErroreZanto& errore) {
+                          scrittura = errore;
+                          throw;
+                      }
+                  }}});
+    if (ScritturaFallita != 1) return std::nullopt;
+    PuntatorePredefinito();
+    Bip();
+    if (scrittura.Numero == 61) {
+        // A full disk is no question of rights: it is said as it is.
+        MostraScatolaPiattaforma(IconaScatola::Critica, QStringLiteral("ZANTO"),
+                                 TestoErrore(scrittura.Numero, 105, scrittura.Descrizione));
+    } else {
+        MostraScatolaPiattaforma(IconaScatola::Esclamazione, QStringLiteral("PERLUX"),
+                                 MessaggiAvvio[1]);
+    }
+    return 1;
+}
+
+// A folder that can be written but not locked would let a second instance
+// write beside this one: no start without the lock.
+std::optional<int> BloccoImpossibile(EsitoBlocco blocco) {
+    if (blocco != EsitoBlocco::Impossibile) return std::nullopt;
+    PuntatorePredefinito();
+    Bip();
+    MostraScatolaPiattaforma(
+        IconaScatola::Critica, QStringLiteral("ZANTO"),
+        MessaggiAvvio[12].arg(QDir::toNativeSeparators(CartellaSistema + NomiArchivi::FileBlocco)));
+    return 1;
+}
+
+// Every form is built after this, at the size this screen gives it; the
+// cover stands behind them. A screen too small is said, and may be refused.
+std::optional<int> SchermoRifiutato() {
+    const QScreen& schermo = *QGuiApplication::primaryScreen();
+    AdattaAlloSchermo(schermo);
+
+    Copertina() = std::make_unique<BaseVuoto>();
+    Copertina()->show();
+    Copertina()->repaint();
+
+    if (SchermoIdoneo(schermo.size().width(), schermo.size().height())) return std::nullopt;
+    PuntatorePredefinito();
+    Bip();
+    if (Messaggio(MessaggiAvvio[2], 2, 1) == 3) return 0;
+    PuntatoreClessidra();
+    return std::nullopt;
+}
+
+std::optional<int> ConfigurazioneAssente() {
+    SezioneCorrente = 130;
+    if (FileEsiste(PercorsoConfigurazione())) return std::nullopt;
+    ScatolaConfigurazioneAssente();
+    return 1;
+}
+
+void ApriArchivi() {
+    EseguiPassi({
+        {140, [] { ApriArchivio(ArchivioConfigurazione, PercorsoConfigurazione()); }},
+        // An archive of an earlier version gains its new columns once.
+        {145,
+         [] {
+             QSqlDatabase db = Archivio(ArchivioConfigurazione);
+             AggiornaSchemaConfigurazione(db);
+         }},
+        {150, [] { LeggiConfigurazione(); }},
+        {160, [] { ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni()); }},
+        {165, [] { ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti()); }},
+        {170,
+         [] {
+             // The print service answers off the screen's thread: one that
+             // does not answer holds up neither the start nor the ring.
+             StampanteProgramma.clear();
+             AggiornaStampanti();
+         }},
+        {180, [] { CaricaMenùGenerale(); }},
+        // Pictures of an import cut short go in place first: the bitmaps
+        // drawn again below show them.
+        {183, [] { CompletaFileInSospeso(); }},
+        // A save cut short by a crash may have left a bitmap behind its rows.
+        // After the menu has read the folders: a broken archive ends the
+        // start there, with its own mark, and never here.
+        {185, [] { RiparaBitmapDisegni(); }},
+    });
+}
+
 } // namespace
 
 void RiempiMessaggiAvvio() {
@@ -199,118 +318,14 @@ int AvviaZanto() {
         FaseAvvio = 1;
         RiempiMessaggiAvvio();
         CalcolaRadiceDati();
-
-        // Without the data folder the configuration archive is missing too, and
-        // the write test would only blame the user's rights.
-        SezioneCorrente = 130;
-        if (!QFileInfo::exists(RadiceDati)) {
-            ScatolaConfigurazioneAssente();
-            Ferma();
-            return 1;
-        }
-
-        // A second instance says so and ends: the one running keeps the data.
+        if (const auto fine = CartellaDatiAssente()) return Termina(*fine);
         const EsitoBlocco blocco = PrendiBlocco();
-        if (blocco == EsitoBlocco::Occupato) {
-            PuntatorePredefinito();
-            MostraScatolaPiattaforma(IconaScatola::Esclamazione, QStringLiteral("ZANTO"),
-                                     MessaggiAvvio[11]);
-            Ferma();
-            return 0;
-        }
-
-        ScritturaFallita = 0;
-        ErroreZanto scrittura;
-        EseguiPassi({{105, [&scrittura] {
-                          try {
-                              ProvaScrittura();
-                          } catch (const ErroreZanto& errore) {
-                              scrittura = errore;
-                              throw;
-                          }
-                      }}});
-        if (ScritturaFallita == 1 && scrittura.Numero == 61) {
-            // A full disk is no question of rights: it is said as it is.
-            PuntatorePredefinito();
-            Bip();
-            MostraScatolaPiattaforma(IconaScatola::Critica, QStringLiteral("ZANTO"),
-                                     TestoErrore(scrittura.Numero, 105, scrittura.Descrizione));
-            Ferma();
-            return 1;
-        }
-        if (ScritturaFallita == 1) {
-            PuntatorePredefinito();
-            Bip();
-            MostraScatolaPiattaforma(IconaScatola::Esclamazione, QStringLiteral("PERLUX"),
-                                     MessaggiAvvio[1]);
-            Ferma();
-            return 1;
-        }
-
-        // A folder that can be written but not locked would let a second
-        // instance write beside this one: no start without the lock.
-        if (blocco == EsitoBlocco::Impossibile) {
-            PuntatorePredefinito();
-            Bip();
-            MostraScatolaPiattaforma(IconaScatola::Critica, QStringLiteral("ZANTO"),
-                                     MessaggiAvvio[12].arg(QDir::toNativeSeparators(
-                                         CartellaSistema + NomiArchivi::FileBlocco)));
-            Ferma();
-            return 1;
-        }
-
-        // Every form is built after this, at the size this screen gives it.
-        const QScreen& schermo = *QGuiApplication::primaryScreen();
-        AdattaAlloSchermo(schermo);
-
-        Copertina() = std::make_unique<BaseVuoto>();
-        Copertina()->show();
-        Copertina()->repaint();
-
-        if (!SchermoIdoneo(schermo.size().width(), schermo.size().height())) {
-            PuntatorePredefinito();
-            Bip();
-            if (Messaggio(MessaggiAvvio[2], 2, 1) == 3) {
-                Ferma();
-                return 0;
-            }
-            PuntatoreClessidra();
-        }
-
-        SezioneCorrente = 130;
-        if (!FileEsiste(PercorsoConfigurazione())) {
-            ScatolaConfigurazioneAssente();
-            Ferma();
-            return 1;
-        }
-
-        EseguiPassi({
-            {140, [] { ApriArchivio(ArchivioConfigurazione, PercorsoConfigurazione()); }},
-            // An archive of an earlier version gains its new columns once.
-            {145,
-             [] {
-                 QSqlDatabase db = Archivio(ArchivioConfigurazione);
-                 AggiornaSchemaConfigurazione(db);
-             }},
-            {150, [] { LeggiConfigurazione(); }},
-            {160, [] { ApriArchivio(ArchivioDisegni, PercorsoArchivioDisegni()); }},
-            {165, [] { ApriArchivio(ArchivioOggetti, PercorsoArchivioOggetti()); }},
-            {170,
-             [] {
-                 // The print service answers off the screen's thread: one that
-                 // does not answer holds up neither the start nor the ring.
-                 StampanteProgramma.clear();
-                 AggiornaStampanti();
-             }},
-            {180, [] { CaricaMenùGenerale(); }},
-            // Pictures of an import cut short go in place first: the bitmaps
-            // drawn again below show them.
-            {183, [] { CompletaFileInSospeso(); }},
-            // A save cut short by a crash may have left a bitmap behind its rows.
-            // After the menu has read the folders: a broken archive ends the
-            // start there, with its own mark, and never here.
-            {185, [] { RiparaBitmapDisegni(); }},
-        });
+        if (const auto fine = AltraIstanzaAperta(blocco)) return Termina(*fine);
+        if (const auto fine = ScritturaImpossibile()) return Termina(*fine);
+        if (const auto fine = BloccoImpossibile(blocco)) return Termina(*fine);
+        if (const auto fine = SchermoRifiutato()) return Termina(*fine);
+        if (const auto fine = ConfigurazioneAssente()) return Termina(*fine);
+        ApriArchivi();
         FaseAvvio = 0;
         Copertina().reset();
         PuntatorePredefinito();

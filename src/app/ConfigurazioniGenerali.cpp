@@ -79,6 +79,19 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
 
     Titolo(this, QStringLiteral("CONFIGURAZIONI   GENERALI"), QRect(405, 150, 14445, 600), 18)
         ->setAlignment(Qt::AlignCenter);
+    CostruisciModi();
+    CostruisciTastiEInversione();
+    CostruisciLatenza();
+    CostruisciAccessibilità();
+    CostruisciStampante();
+    CostruisciSensori();
+    CostruisciTastiModulo();
+    // The direct keys reach the form from wherever the focus stands.
+    for (QWidget* w : findChildren<QWidget*>())
+        if (w != ImmiTempoLatenzaScans) w->installEventFilter(this);
+}
+
+void ConfigurazioniGenerali::CostruisciModi() {
     Titolo(this, QStringLiteral("MODALITA'  DI  FUNZIONAMENTO"), QRect(405, 900, 14445, 450), 11);
     for (int i = 0; i < 4; ++i) {
         OpzioneModalitàFunzionamento[i] = OpzioneModulo(this, QString::fromUtf8(EtichetteModi[i]),
@@ -89,6 +102,9 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         connect(OpzioneModalitàFunzionamento[i], &QRadioButton::clicked, this,
                 [this, indice] { EseguiProtetto([&] { ClickModo(indice); }); });
     }
+}
+
+void ConfigurazioniGenerali::CostruisciTastiEInversione() {
     QuadroTastiSceltaScansione =
         QuadroModulo(this, QStringLiteral("CONFIGURAZIONE TASTI «SCELTA» E «SCANSIONE»:"),
                      QRect(405, 3500, 14445, 1500));
@@ -118,6 +134,9 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         connect(OpzioneInversioneScan[i], &QRadioButton::clicked, this,
                 [this, indice] { EseguiProtetto([&] { ClickInversione(indice); }); });
     }
+}
+
+void ConfigurazioniGenerali::CostruisciLatenza() {
     QuadroTempoLatenzaScans = QuadroModulo(this, QStringLiteral("TEMPO  LATENZA  SCANSIONE"),
                                            QRect(405, 6900, 7500, 1400));
     auto* etichetta = new QLabel(QStringLiteral("Tempo in millisecondi:"), QuadroTempoLatenzaScans);
@@ -129,7 +148,9 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     connect(ImmiTempoLatenzaScans, &QLineEdit::textChanged, this, [this] {
         if (CaricamentoConfigurazioni != 1) ModificheEffettuate = 1;
     });
+}
 
+void ConfigurazioniGenerali::CostruisciAccessibilità() {
     QuadroAccessibilità =
         QuadroModulo(this, QStringLiteral("ACCESSIBILITÀ"), QRect(8100, 6900, 6750, 1400));
     const char* const anelli[3] = {"Anello normale", "doppio", "triplo"};
@@ -150,7 +171,9 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
         connect(OpzioneContrasto[i], &QRadioButton::clicked, this,
                 [this, contrasto] { EseguiProtetto([&] { ClickContrasto(contrasto); }); });
     }
+}
 
+void ConfigurazioniGenerali::CostruisciStampante() {
     ScrittaStampante = new QLabel(this);
     ScrittaStampante->setObjectName(QStringLiteral("ScrittaStampante"));
     ScrittaStampante->setGeometry(RettangoloTwips(405, 8600, 14445, 450));
@@ -161,7 +184,9 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     TastoStampante->setGeometry(RettangoloTwips(5600, 9700, 2700, 900));
     connect(TastoStampante, &QPushButton::clicked, this,
             [this] { EseguiProtetto([this] { Stampante(); }); });
+}
 
+void ConfigurazioniGenerali::CostruisciSensori() {
     Sensori = new PaginaSensori(this);
     Sensori->setGeometry(RettangoloTwips(0, 850, 15360, 8700));
     Sensori->hide();
@@ -171,7 +196,9 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
     TastoSensori->setGeometry(RettangoloTwips(2500, 9700, 2700, 900));
     connect(TastoSensori, &QPushButton::clicked, this,
             [this] { EseguiProtetto([this] { CambiaPagina(); }); });
+}
 
+void ConfigurazioniGenerali::CostruisciTastiModulo() {
     TastoRegistraConfigurazioniGenerali = new QPushButton(QStringLiteral("Registra"), this);
     TastoRegistraConfigurazioniGenerali->setGeometry(RettangoloTwips(8700, 9700, 2700, 900));
     TastoChiudiConfigurazioniGenerali = new QPushButton(QStringLiteral("Chiudi"), this);
@@ -187,9 +214,6 @@ ConfigurazioniGenerali::ConfigurazioniGenerali() {
             [this] { EseguiProtetto([this] { Registra(); }); });
     connect(TastoChiudiConfigurazioniGenerali, &QPushButton::clicked, this,
             [this] { EseguiProtetto([this] { Chiudi(); }); });
-    // The direct keys reach the form from wherever the focus stands.
-    for (QWidget* w : findChildren<QWidget*>())
-        if (w != ImmiTempoLatenzaScans) w->installEventFilter(this);
 }
 
 void ConfigurazioniGenerali::AttivaConfigurazioniGenerali() {

@@ -74,6 +74,14 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
 
 private:
+    // The parts of the form, built in this order.
+    void CostruisciModi();
+    void CostruisciTastiEInversione();
+    void CostruisciLatenza();
+    void CostruisciAccessibilità();
+    void CostruisciStampante();
+    void CostruisciSensori();
+    void CostruisciTastiModulo();
     void MostraQuadri();
     void Colora();
     void MostraStampante();
