@@ -298,24 +298,8 @@ class ProvaTabellaComandi : public QObject {
         c.Tasto(Qt::Key_Return);
     }
 
-    // Fires the button the way the state lets a user reach it: by the ring
-    // and the choice key (in mode 4 Enter on the ring), or, while an edit
-    // command is open and holds the keys, by the mouse for any button but the
-    // red one. `dentro` sees the screen while the direction panel is up.
-    void Spara(int16_t tasto, Pannello apre, bool lasciaAperto, std::function<void()> dentro = {}) {
-        const bool rosso = ComandoModifica > 0 && tasto == ComandoModifica;
-        const bool mouse = ComandoModifica > 0 && !rosso;
-        if (!mouse) {
-            Raggiungi(tasto);
-            if (QTest::currentTestFailed()) return;
-        }
-        Copione c(*orologio);
-        if (mouse)
-            c.Esegui([this, tasto] { QTest::mouseClick(a->Tasti.value(tasto), Qt::LeftButton); });
-        else
-            c.Tasto(Qt::Key_Return);
-        if (rosso && modo == 3) ChiudiDirezione(c); // the panel asks again: it ends
-        if (apre == Pannello::Ribaltamenti) c.Tasto(Qt::Key_Return); // the first axis
+    // The answer to the panel the button opens, as the table of buttons says.
+    void Rispondi(Copione& c, Pannello apre) {
         if (apre == Pannello::Tastiera)
             c.Esegui([this] {
                 auto* k = dynamic_cast<QuadroScriviTesto*>(FormScansione::InPrimoPiano());
@@ -365,6 +349,27 @@ class ProvaTabellaComandi : public QObject {
             c.Esegui(passo);
             c.Tasto(Qt::Key_Return);
         }
+    }
+
+    // Fires the button the way the state lets a user reach it: by the ring
+    // and the choice key (in mode 4 Enter on the ring), or, while an edit
+    // command is open and holds the keys, by the mouse for any button but the
+    // red one. `dentro` sees the screen while the direction panel is up.
+    void Spara(int16_t tasto, Pannello apre, bool lasciaAperto, std::function<void()> dentro = {}) {
+        const bool rosso = ComandoModifica > 0 && tasto == ComandoModifica;
+        const bool mouse = ComandoModifica > 0 && !rosso;
+        if (!mouse) {
+            Raggiungi(tasto);
+            if (QTest::currentTestFailed()) return;
+        }
+        Copione c(*orologio);
+        if (mouse)
+            c.Esegui([this, tasto] { QTest::mouseClick(a->Tasti.value(tasto), Qt::LeftButton); });
+        else
+            c.Tasto(Qt::Key_Return);
+        if (rosso && modo == 3) ChiudiDirezione(c); // the panel asks again: it ends
+        if (apre == Pannello::Ribaltamenti) c.Tasto(Qt::Key_Return); // the first axis
+        Rispondi(c, apre);
         if (apre == Pannello::Direzione && modo != 4) {
             if (dentro) c.Esegui(dentro);
             // "Chiudi" as the first answer ends the edit command at once.
