@@ -14,6 +14,7 @@
 #include "model/StatoAmbiente.h"
 #include "model/TracciaAzioni.h"
 #include "model/VistaSuperficie.h"
+#include "panels/ChiediNome.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/QuadroMostraLista.h"
@@ -131,6 +132,35 @@ void ComandiFile::LeggiDisegno() {
     a_.Riprendi();
 }
 
+RichiestaNome ComandiFile::RichiestaNomeDisegno() {
+    RichiestaNome r;
+    r.Limite = LarghezzaNomeEtichetta;
+    r.Cosa = QStringLiteral("Nome del Disegno");
+    r.Sezione = 1270;
+    if (StatoDisegno == 1) r.Proposto = NomeDisegnoCorrente;
+    r.Giudica = [](const QString& nome) {
+        SezioneCorrente = 1272;
+        if (StatoDisegno == 1 && StessoNome(nome, NomeDisegnoCorrente))
+            return GiudizioNome::Esistente;
+        // A second drawing of the same name in the folder would be one line
+        // too many in the list: a new name must be free, whatever the path.
+        bool libero = false;
+        EseguiPassi({{1272, [&] { libero = !NomeGiaUsato(nome); }}});
+        return libero ? GiudizioNome::Libero : GiudizioNome::Occupato;
+    };
+    r.DomandaSovrascrittura = {QStringLiteral("ATTENZIONE! Il Disegno è già esistente!"),
+                               QStringLiteral("Se si prosegue,  il vecchio Disegno verrà"),
+                               QStringLiteral("cancellato e sovrapposto con il presente."),
+                               QStringLiteral("Premere «OK» per proseguire o «Annulla»"),
+                               QStringLiteral("per non registrare e tornare a disegnare.")};
+    r.RifiutoOccupato = {QStringLiteral("ATTENZIONE!"),
+                         QStringLiteral("Il Nome del Disegno è già esistente!"),
+                         QStringLiteral("La registrazione è impossibile!"),
+                         QStringLiteral("Si prega di cambiare il Nome scelto."),
+                         QStringLiteral("Premere «OK» per proseguire!")};
+    return r;
+}
+
 void ComandiFile::SalvaDisegno() {
     const QString nomeAttuale = NomeDisegnoCorrente.trimmed();
     ParcheggiaMouse();
@@ -142,64 +172,14 @@ void ComandiFile::SalvaDisegno() {
         return;
     }
     ComandoModifica = 131;
-    if (StatoDisegno == 1) {
-        NumeroRigheScritte = 1;
-        RigheScritte = QStringList{QString(), NomeDisegnoCorrente};
-    } else {
-        NumeroRigheScritte = 0;
-        RigheScritte = QStringList{QString()};
+    const NomeChiesto chiesto = ChiediNome(RichiestaNomeDisegno());
+    if (chiesto.Esito == EsitoNome::Lasciato || chiesto.Esito == EsitoNome::Fallito) {
+        ComandoModifica = 0;
+        a_.Riprendi();
+        return;
     }
-    QString nome;
-    for (;;) {
-        SezioneCorrente = 1270;
-        if (ScriviTesto(LarghezzaNomeEtichetta, QStringLiteral("Nome del Disegno")) == 0) {
-            ComandoModifica = 0;
-            a_.Riprendi();
-            return;
-        }
-        nome = PulisciTesto(RigheScritte.at(1));
-        if (nome.isEmpty()) {
-            // Nothing to name it by: the keyboard opens again.
-            Bip();
-            NumeroRigheScritte = 0;
-            RigheScritte = QStringList{QString()};
-            continue;
-        }
-        SezioneCorrente = 1272;
-        const bool stesso = StatoDisegno == 1 && StessoNome(nome, NomeDisegnoCorrente);
-        if (stesso) {
-            ParcheggiaMouse();
-            const int16_t esito =
-                Messaggio(Righe({QStringLiteral("ATTENZIONE! Il Disegno è già esistente!"),
-                                 QStringLiteral("Se si prosegue,  il vecchio Disegno verrà"),
-                                 QStringLiteral("cancellato e sovrapposto con il presente."),
-                                 QStringLiteral("Premere «OK» per proseguire o «Annulla»"),
-                                 QStringLiteral("per non registrare e tornare a disegnare.")}),
-                          2, 3);
-            if (esito == 3) {
-                ComandoModifica = 0;
-                a_.Riprendi();
-                return;
-            }
-            RegistraComeNuovo = 0;
-            break;
-        }
-        // A second drawing of the same name in the folder would be one line
-        // too many in the list: a new name must be free, whatever the path.
-        bool libero = false;
-        EseguiPassi({{1272, [&] { libero = !NomeGiaUsato(nome); }}});
-        if (libero) {
-            RegistraComeNuovo = 1;
-            break;
-        }
-        ParcheggiaMouse();
-        Messaggio(Righe({QStringLiteral("ATTENZIONE!"),
-                         QStringLiteral("Il Nome del Disegno è già esistente!"),
-                         QStringLiteral("La registrazione è impossibile!"),
-                         QStringLiteral("Si prega di cambiare il Nome scelto."),
-                         QStringLiteral("Premere «OK» per proseguire!")}),
-                  1, 1);
-    }
+    const QString nome = chiesto.Nome;
+    RegistraComeNuovo = chiesto.Esito == EsitoNome::Nuovo ? 1 : 0;
     SezioneCorrente = 1274;
     // The name becomes the drawing's only with the rows: after a failed save
     // the next one must not overwrite another drawing under this name.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/RecordAzione.h"
+#include "panels/ChiediNome.h"
 
 #include <QList>
 #include <QString>
@@ -21,6 +22,8 @@ private:
     // Is the name taken by another drawing of the active folder, as the user
     // reads names (case and accents do not count)?
     static bool NomeGiaUsato(const QString& nome);
+    // How the save asks for the drawing's name.
+    static RichiestaNome RichiestaNomeDisegno();
     void MostraNome();
     // The actions as last read or saved, and whether the canvas has moved on.
     void Registrate();

@@ -10,6 +10,7 @@
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
 #include "model/StatoAmbiente.h"
+#include "panels/ChiediNome.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
 #include "panels/QuadroMostraLista.h"
@@ -32,6 +33,29 @@ bool ScegliCartellaOggetti() {
     CodiceCartellaObjAttiva = int32_t(voce.Valore());
     NomeCartellaObjAttiva = voce.Nome;
     return true;
+}
+
+// How the save asks for the object's name; `trovato` is the code of the
+// object of that name in the active folder of objects, 0 for none.
+RichiestaNome RichiestaNomeOggetto(int32_t& trovato) {
+    RichiestaNome r;
+    r.Limite = LunghezzaNomeOggetto;
+    r.Cosa = QStringLiteral("Nome dell'Oggetto");
+    r.Sezione = 1366;
+    r.Giudica = [&trovato](const QString& nome) {
+        trovato = 0;
+        if (!EseguiPassi(
+                {{1367, [&] { trovato = CercaNomeOggetto(nome, CodiceCartellaObjAttiva); }}}))
+            return GiudizioNome::Fallito;
+        return trovato == 0 ? GiudizioNome::Libero : GiudizioNome::Esistente;
+    };
+    r.DomandaSovrascrittura = {QStringLiteral("ATTENZIONE! L'Oggetto è già esistente!"),
+                               QStringLiteral("Se si prosegue,  il vecchio Oggetto verrà"),
+                               QStringLiteral("cancellato e sovrapposto con il presente."),
+                               QStringLiteral("Premere «OK» per proseguire o «Annulla»"),
+                               QStringLiteral("per modificare il nome dell'Oggetto.")};
+    r.AnnullaRiapreTastiera = true;
+    return r;
 }
 
 } // namespace
@@ -89,44 +113,16 @@ void QuadroSettaggi::SalvaOggetto() {
         Riprendi();
         return;
     }
-    NumeroRigheScritte = 0;
-    RigheScritte = QStringList{QString()};
-    QString nome;
-    int32_t daSostituire = 0;
-    for (;;) {
-        SezioneCorrente = 1366;
-        // Left without a name, the ring stands still until the next pick.
-        if (ScriviTesto(LunghezzaNomeOggetto, QStringLiteral("Nome dell'Oggetto")) == 0 ||
-            NumeroRigheScritte == 0)
-            return;
-        nome = PulisciTesto(RigheScritte.at(1));
-        if (nome.isEmpty()) {
-            Bip();
-            NumeroRigheScritte = 0;
-            RigheScritte = QStringList{QString()};
-            continue;
-        }
-        int32_t trovato = 0;
-        if (!EseguiPassi(
-                {{1367, [&] { trovato = CercaNomeOggetto(nome, CodiceCartellaObjAttiva); }}})) {
-            Riprendi();
-            return;
-        }
-        if (trovato == 0) break;
-        ParcheggiaMouse();
-        const int16_t esito =
-            Messaggio(Righe({QStringLiteral("ATTENZIONE! L'Oggetto è già esistente!"),
-                             QStringLiteral("Se si prosegue,  il vecchio Oggetto verrà"),
-                             QStringLiteral("cancellato e sovrapposto con il presente."),
-                             QStringLiteral("Premere «OK» per proseguire o «Annulla»"),
-                             QStringLiteral("per modificare il nome dell'Oggetto.")}),
-                      2, 3);
-        if (esito == 1) {
-            daSostituire = trovato;
-            break;
-        }
-        // Back to the keyboard on the same name.
+    int32_t trovato = 0;
+    const NomeChiesto chiesto = ChiediNome(RichiestaNomeOggetto(trovato));
+    // Left without a name, the ring stands still until the next pick.
+    if (chiesto.Esito == EsitoNome::Lasciato) return;
+    if (chiesto.Esito == EsitoNome::Fallito) {
+        Riprendi();
+        return;
     }
+    const QString nome = chiesto.Nome;
+    const int32_t daSostituire = chiesto.Esito == EsitoNome::Sovrascrivi ? trovato : 0;
     NomeOggettoDaRegistrare = nome;
     SezioneCorrente = 1368;
     if (RegistraOggetto(daSostituire)) {
