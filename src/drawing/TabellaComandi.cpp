@@ -78,6 +78,13 @@ bool TestoScrivibile() {
     return riaperto || ElementoNuovo();
 }
 
+// VoceComandoDi finds a button by its place.
+constexpr bool InOrdine(const TabellaComandiDisegno& tabella) {
+    for (size_t i = 0; i < tabella.size(); ++i)
+        if (tabella[i].Codice != TastoDisegno::Primo + static_cast<int>(i)) return false;
+    return true;
+}
+
 } // namespace
 
 // A friend of ComandiDisegno: its routines reach the families of commands.
@@ -85,9 +92,9 @@ const TabellaComandiDisegno& TabellaComandi() {
     namespace T = TastoDisegno;
     namespace M = MarcaDisegno;
     using C = ComandiDisegno;
-    const auto primitiva = [](C& c, int16_t i) { c.primitive_.ApriPrimitiva(i); };
-    const auto modifica = [](C& c, int16_t i) { c.primitive_.ComandoDiModifica(i); };
-    static const TabellaComandiDisegno tabella = {{
+    constexpr auto primitiva = [](C& c, int16_t i) { c.primitive_.ApriPrimitiva(i); };
+    constexpr auto modifica = [](C& c, int16_t i) { c.primitive_.ComandoDiModifica(i); };
+    static constexpr TabellaComandiDisegno tabella = {{
         {T::PrimitivaLinea, M::PrimitivaLinea, ElementoNuovo, primitiva},
         {T::PrimitivaArco, M::PrimitivaArco, ElementoNuovo, primitiva},
         {T::PrimitivaRettangolo, M::PrimitivaRettangolo, ElementoNuovo, primitiva},
@@ -151,6 +158,7 @@ const TabellaComandiDisegno& TabellaComandi() {
         {T::ChiudiAmbiente, M::ChiudiAmbiente, nullptr,
          [](C& c, int16_t) { c.file_.ChiudiAmbiente(); }},
     }};
+    static_assert(InOrdine(tabella), "one entry per button, in the order of the buttons");
     return tabella;
 }
 
