@@ -8,6 +8,7 @@
 #include "base/GestioneErrori.h"
 #include "base/Utilita.h"
 #include "drawing/AmbienteDisegno.h"
+#include "drawing/CodiciComando.h"
 #include "input/QuadroMessaggi.h"
 #include "model/RecordAzione.h"
 #include "model/Selezione.h"
@@ -54,7 +55,7 @@ void ComandiFile::NuovoDisegno() {
         return;
     }
     // Twice, as it has always been: the second finds nothing and does no harm.
-    EseguiPassi({{1242, [] {
+    EseguiPassi({{MarcaDisegno::NuovoDisegno, [] {
                       NuovaStoria();
                       EliminaCopieLavoro();
                   }}});
@@ -89,7 +90,7 @@ void ComandiFile::LeggiDisegno() {
             return;
         }
     }
-    ComandoModifica = 130;
+    ComandoModifica = TastoDisegno::LeggiDisegno;
     TipoLista = GenereLista::Disegni;
     ScegliDaLista();
     // The list may have deleted the drawing on the canvas.
@@ -104,7 +105,7 @@ void ComandiFile::LeggiDisegno() {
     // The rows are read first: a drawing that does not read leaves the one on
     // the canvas as it was.
     CodiceDisegnoDaCaricare = static_cast<int32_t>(codice);
-    if (!EseguiPassi({{1268, [] { CaricaAzioniDisegno(); }}})) {
+    if (!EseguiPassi({{MarcaDisegno::LeggiDisegno, [] { CaricaAzioniDisegno(); }}})) {
         ComandoModifica = 0;
         a_.Riprendi();
         return;
@@ -124,7 +125,7 @@ void ComandiFile::LeggiDisegno() {
     a_.Quadro.Refresh();
     Registrate();
     // The loaded drawing is the first step of a new history.
-    EseguiPassi({{1268, [] {
+    EseguiPassi({{MarcaDisegno::LeggiDisegno, [] {
                       NuovaStoria();
                       RegistraCopiaLavoro();
                   }}});
@@ -136,16 +137,16 @@ RichiestaNome ComandiFile::RichiestaNomeDisegno() {
     RichiestaNome r;
     r.Limite = LarghezzaNomeEtichetta;
     r.Cosa = QStringLiteral("Nome del Disegno");
-    r.Sezione = 1270;
+    r.Sezione = MarcaDisegno::SalvaDisegno;
     if (StatoDisegno == 1) r.Proposto = NomeDisegnoCorrente;
     r.Giudica = [](const QString& nome) {
-        SezioneCorrente = 1272;
+        SezioneCorrente = MarcaDisegno::SalvaNomeDisegno;
         if (StatoDisegno == 1 && StessoNome(nome, NomeDisegnoCorrente))
             return GiudizioNome::Esistente;
         // A second drawing of the same name in the folder would be one line
         // too many in the list: a new name must be free, whatever the path.
         bool libero = false;
-        EseguiPassi({{1272, [&] { libero = !NomeGiaUsato(nome); }}});
+        EseguiPassi({{MarcaDisegno::SalvaNomeDisegno, [&] { libero = !NomeGiaUsato(nome); }}});
         return libero ? GiudizioNome::Libero : GiudizioNome::Occupato;
     };
     r.DomandaSovrascrittura = {QStringLiteral("ATTENZIONE! Il Disegno è già esistente!"),
@@ -171,7 +172,7 @@ void ComandiFile::SalvaDisegno() {
         a_.Riprendi();
         return;
     }
-    ComandoModifica = 131;
+    ComandoModifica = TastoDisegno::SalvaDisegno;
     const NomeChiesto chiesto = ChiediNome(RichiestaNomeDisegno());
     if (chiesto.Esito == EsitoNome::Lasciato || chiesto.Esito == EsitoNome::Fallito) {
         ComandoModifica = 0;
@@ -180,7 +181,7 @@ void ComandiFile::SalvaDisegno() {
     }
     const QString nome = chiesto.Nome;
     RegistraComeNuovo = chiesto.Esito == EsitoNome::Nuovo ? 1 : 0;
-    SezioneCorrente = 1274;
+    SezioneCorrente = MarcaDisegno::SalvaRegistrazione;
     // The name becomes the drawing's only with the rows: after a failed save
     // the next one must not overwrite another drawing under this name.
     const bool salvato = RegistraDisegno(a_.Quadro, nome);
@@ -213,7 +214,7 @@ void ComandiFile::ChiudiAmbiente() {
         a_.Riprendi();
         return;
     }
-    EseguiPassi({{1278, [] { EliminaCopieLavoro(); }}});
+    EseguiPassi({{MarcaDisegno::ChiudiAmbiente, [] { EliminaCopieLavoro(); }}});
     CodiceDisegnoCorrente = 0;
     CodiceDisegnoDaCaricare = 0;
     CodiceDisegnoDaRegistrare = 0;
