@@ -23,6 +23,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -88,6 +89,20 @@ void File(int16_t sezione, const QStringList& estensioni) {
 }
 
 } // namespace
+
+ListaTenuta::ListaTenuta()
+    : lista_(DatiLista), cartellaRicerca_(CartellaRicerca), estensioniRicerca_(EstensioniRicerca),
+      ricercaSottocartelle_(RicercaSottocartelle), elencoFile_(ElencoFile),
+      numeroFile_(NumeroFile) {}
+
+ListaTenuta::~ListaTenuta() {
+    DatiLista = std::move(lista_);
+    CartellaRicerca = std::move(cartellaRicerca_);
+    EstensioniRicerca = std::move(estensioniRicerca_);
+    RicercaSottocartelle = ricercaSottocartelle_;
+    ElencoFile = std::move(elencoFile_);
+    NumeroFile = numeroFile_;
+}
 
 void SvuotaLista() {
     VociLista = QStringList{QString()};

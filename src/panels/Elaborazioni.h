@@ -4,7 +4,6 @@
 #include <QStringList>
 
 #include <cstdint>
-#include <utility>
 
 // The kinds of list, by the number the program gives each.
 enum class GenereLista : int16_t {
@@ -52,16 +51,23 @@ inline int16_t (&AbilitaTastiLista)[4] = DatiLista.AbilitaTastiLista;
 // A list can open inside another: the folder list's New opens the keyboard,
 // whose 110 opens the list of text files. While one of these lives the list
 // in front is kept aside, and it is put back whole when the one inside has
-// closed, so that the list below finds itself as it left it.
+// closed, so that the list below finds itself as it left it. The search that
+// found the files of a list of files goes with it: its lines are numbered by
+// that search (ElencoFile), and the caller reads the chosen file there.
 class ListaTenuta {
 public:
-    ListaTenuta() : tenuta_(DatiLista) {}
-    ~ListaTenuta() { DatiLista = std::move(tenuta_); }
+    ListaTenuta();
+    ~ListaTenuta();
     ListaTenuta(const ListaTenuta&) = delete;
     ListaTenuta& operator=(const ListaTenuta&) = delete;
 
 private:
-    StatoLista tenuta_;
+    StatoLista lista_;
+    QString cartellaRicerca_;
+    QStringList estensioniRicerca_;
+    int16_t ricercaSottocartelle_ = 0;
+    QStringList elencoFile_;
+    int16_t numeroFile_ = 0;
 };
 
 struct EtichettaLetta;

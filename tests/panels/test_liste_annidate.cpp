@@ -6,6 +6,7 @@
 #include "archive/Archivi.h"
 #include "base/CartellaAttiva.h"
 #include "base/Configurazione.h"
+#include "base/Utilita.h"
 #include "model/StatoAmbiente.h"
 #include "panels/Elaborazioni.h"
 #include "panels/EtichettaLista.h"
@@ -215,13 +216,15 @@ private slots:
     }
 
     void una_lista_tenuta_torna_intera() {
-        TipoLista = GenereLista::Cartelle;
+        ScriviRtf(QStringLiteral("foto.png"), "x");
+        TipoLista = GenereLista::Immagini;
         ModoCartelle = 2;
-        RiempiListaCartelle();
+        RiempiListaImmagini();
         TitoloLista = QStringLiteral("sotto");
         AbilitaTastiLista[1] = AbilitaTastiLista[2] = 1;
         DatiLista.PrimaVoceVisibile = 3;
         DatiLista.RigaScelta = 102;
+        const QStringList fileSotto = ElencoFile;
         const StatoLista sotto = DatiLista;
         {
             const ListaTenuta tenuta;
@@ -235,8 +238,11 @@ private slots:
             DatiLista.PrimaVoceVisibile = 1;
             DatiLista.RigaScelta = 0;
             QVERIFY(!(DatiLista == sotto));
+            QVERIFY(ElencoFile != fileSotto);
         }
         QVERIFY2(DatiLista == sotto, qPrintable(Descrivi(DatiLista)));
+        QCOMPARE(ElencoFile, fileSotto);
+        QCOMPARE(NumeroFile, int16_t(1));
     }
 
     void cartella_nuova_col_nome_da_un_file_di_testo_data() { RigheDeiModi({1, 4}); }
@@ -344,6 +350,45 @@ private slots:
         QVERIFY2(dopo == prima, qPrintable(Descrivi(dopo) + "\n" + Descrivi(prima)));
         QCOMPARE(Conta(QStringLiteral("SELECT count(*) FROM TabCartelle")), 1);
         QCOMPARE(CodiceCartellaAttiva, attiva);
+    }
+
+    void la_lista_delle_immagini_punta_ancora_alle_immagini_data() { RigheDeiModi({1, 4}); }
+    void la_lista_delle_immagini_punta_ancora_alle_immagini() {
+        // A picture for the drawing: the line's number points into the files
+        // the search found, and the caller takes the picture from there.
+        QFETCH(int, modo);
+        ModalitàFunzionamento = static_cast<int16_t>(modo);
+        const QString foto = PercorsoFile() + QStringLiteral("/foto.png");
+        ScriviRtf(QStringLiteral("foto.png"), "x");
+        TipoLista = GenereLista::Immagini;
+        StatoLista prima, dopo;
+        QStringList filePrima, fileDopo;
+        Copione c(*orologio);
+        c.Esegui([&] {
+            prima = DatiLista;
+            filePrima = ElencoFile;
+        });
+        int16_t lista = 101;
+        Vai(c, modo, lista, 123, PannelloLista); // New, though it cannot make a picture
+        TestoDaFile(c, modo);
+        int16_t funzioni = 110;
+        Vai(c, modo, funzioni, 107, TastiFunzione); // Chiudi
+        c.Esegui([&] {
+            dopo = DatiLista;
+            fileDopo = ElencoFile;
+        });
+        PrimaRigaEConferma(c, modo);
+        ChiudiIRimasti(c, rimasti, nullptr);
+        QVERIFY(ApriLista(c));
+        QVERIFY2(c.Problemi.isEmpty(), qPrintable(c.Problemi.join(QChar(u'\n'))));
+        QCOMPARE(rimasti, 0);
+
+        QVERIFY2(dopo == prima, qPrintable(Descrivi(dopo) + "\n" + Descrivi(prima)));
+        QCOMPARE(fileDopo, filePrima);
+        const EtichettaLetta scelta = LeggiEtichetta(VoceScelta);
+        QCOMPARE(scelta.Nome, QStringLiteral("foto.png"));
+        QVERIFY(scelta.Valore() >= 1 && scelta.Valore() <= NumeroFile);
+        QCOMPARE(ElencoFile.at(scelta.Valore()), foto);
     }
 
     void la_lista_dei_font_resta_dei_font_data() { RigheDeiModi({1, 4}); }
