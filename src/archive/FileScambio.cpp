@@ -210,102 +210,122 @@ void ScriviFileScambio(const QString& percorso, const ContenutoScambio& contenut
     }
 }
 
-ContenutoScambio LeggiFileScambio(const QString& percorso) {
-    const QString& danneggiato = Danneggiato;
-    const QFileInfo info(percorso);
-    if (!FileRegolare(percorso) || info.size() == 0) Rifiuta(danneggiato);
-    if (info.size() > MassimoFile) Rifiuta(QStringLiteral("Il file è troppo grande."));
-    // SQLite would take a text file for an empty archive, and a file cut short
-    // on a page boundary for a smaller one: the header first, whose page size
-    // and page count must give the file's own size.
-    {
-        QByteArray testa;
-        QFile file(percorso);
-        if (FileRegolare(percorso) && file.open(QIODevice::ReadOnly)) testa = file.read(100);
-        if (testa.size() < 100 || !testa.startsWith(QByteArrayLiteral("SQLite format 3\0")))
-            Rifiuta(danneggiato);
-        const auto byte = [&](int i) { return quint32(quint8(testa.at(i))); };
-        quint32 pagina = byte(16) << 8 | byte(17);
-        if (pagina == 1) pagina = 65536;
-        const quint32 pagine = byte(28) << 24 | byte(29) << 16 | byte(30) << 8 | byte(31);
-        if (pagina < 512 || qint64(pagina) * pagine != info.size()) Rifiuta(danneggiato);
-        // A file in WAL mode would make a reader write beside it.
-        if (byte(18) != 1 || byte(19) != 1) Rifiuta(danneggiato);
+namespace {
+
+// SQLite would take a text file for an empty archive, and a file cut short on
+// a page boundary for a smaller one: the header first, whose page size and
+// page count must give the file's own size.
+void ControllaTestaFile(const QString& percorso, qint64 dimensione) {
+    QByteArray testa;
+    QFile file(percorso);
+    if (FileRegolare(percorso) && file.open(QIODevice::ReadOnly)) testa = file.read(100);
+    if (testa.size() < 100 || !testa.startsWith(QByteArrayLiteral("SQLite format 3\0")))
+        Rifiuta(Danneggiato);
+    const auto byte = [&](int i) { return quint32(quint8(testa.at(i))); };
+    quint32 pagina = byte(16) << 8 | byte(17);
+    if (pagina == 1) pagina = 65536;
+    const quint32 pagine = byte(28) << 24 | byte(29) << 16 | byte(30) << 8 | byte(31);
+    if (pagina < 512 || qint64(pagina) * pagine != dimensione) Rifiuta(Danneggiato);
+    // A file in WAL mode would make a reader write beside it.
+    if (byte(18) != 1 || byte(19) != 1) Rifiuta(Danneggiato);
+}
+
+// Exactly our tables, and nothing else but their own indexes.
+void ControllaSchema(const QSqlDatabase& db) {
+    QSqlQuery schema(db);
+    if (!schema.exec(QStringLiteral("SELECT type, name, sql FROM sqlite_master")))
+        Rifiuta(Danneggiato);
+    const auto attese = Tabelle();
+    int trovate = 0;
+    while (schema.next()) {
+        const QString tipo = schema.value(0).toString();
+        const QString nome = schema.value(1).toString();
+        if (tipo == QStringLiteral("index") && schema.value(2).isNull() &&
+            nome.startsWith(QStringLiteral("sqlite_autoindex_")))
+            continue;
+        const auto attesa = std::find_if(attese.begin(), attese.end(), [&](const auto& t) {
+            return t.first == nome && t.second == schema.value(2).toString();
+        });
+        if (tipo != QStringLiteral("table") || attesa == attese.end()) Rifiuta(Danneggiato);
+        ++trovate;
     }
+    if (trovate != attese.size()) Rifiuta(Danneggiato);
+}
+
+void ControllaIntegrità(const QSqlDatabase& db) {
+    QSqlQuery controllo(db);
+    if (!controllo.exec(QStringLiteral("PRAGMA quick_check")) || !controllo.next() ||
+        controllo.value(0).toString() != QStringLiteral("ok"))
+        Rifiuta(Danneggiato);
+    controllo.finish();
+}
+
+// One row, written by this program, in a version it reads.
+void ControllaFormato(const QSqlDatabase& db) {
+    QSqlQuery formato(db);
+    if (!formato.exec(QStringLiteral("SELECT Versione, Programma FROM Formato")) || !formato.next())
+        Rifiuta(Danneggiato);
+    if (LeggiTesto(formato.value(1), QStringLiteral("Programma")) != Programma)
+        Rifiuta(Danneggiato);
+    const int64_t versione =
+        LeggiIntero(formato.value(0), QStringLiteral("Versione"),
+                    std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max());
+    if (versione > VersioneFileScambio)
+        Rifiuta(QStringLiteral("Il disegno è stato salvato da una versione più recente "
+                               "di ZANTO."));
+    if (versione < 1 || formato.next()) Rifiuta(Danneggiato);
+    formato.finish();
+}
+
+QString LeggiNomeScambio(const QSqlDatabase& db) {
+    QSqlQuery testa(db);
+    if (!testa.exec(QStringLiteral("SELECT NomeDisegno FROM Disegno")) || !testa.next())
+        Rifiuta(Danneggiato);
+    const QString nome =
+        NomeDisegnoPulito(LeggiTesto(testa.value(0), QStringLiteral("NomeDisegno")));
+    if (testa.next()) Rifiuta(Danneggiato);
+    testa.finish();
+    return nome;
+}
+
+void LeggiImmaginiScambio(const QSqlDatabase& db, QList<ImmagineScambio>& lette) {
+    QSqlQuery immagini(db);
+    if (!immagini.exec(QStringLiteral("SELECT Nome, length(Dati), Dati FROM Immagini")))
+        Rifiuta(Danneggiato);
+    while (immagini.next()) {
+        if (lette.size() >= MassimoImmagini) Rifiuta(Danneggiato);
+        if (immagini.value(1).toLongLong() > MassimoImmagine) Rifiuta(Danneggiato);
+        const QVariant dati = immagini.value(2);
+        if (dati.typeId() != QMetaType::QByteArray) Rifiuta(Danneggiato);
+        lette.append({LeggiTesto(immagini.value(0), QStringLiteral("Nome")), dati.toByteArray()});
+    }
+    if (immagini.lastError().isValid()) Rifiuta(Danneggiato);
+}
+
+} // namespace
+
+ContenutoScambio LeggiFileScambio(const QString& percorso) {
+    const QFileInfo info(percorso);
+    if (!FileRegolare(percorso) || info.size() == 0) Rifiuta(Danneggiato);
+    if (info.size() > MassimoFile) Rifiuta(QStringLiteral("Il file è troppo grande."));
+    ControllaTestaFile(percorso, info.size());
     Connessione c(percorso, true);
     QSqlDatabase db = c.Db();
-    if (!db.open()) Rifiuta(danneggiato);
+    if (!db.open()) Rifiuta(Danneggiato);
     ContenutoScambio letto;
     try {
-        {
-            QSqlQuery schema(db);
-            if (!schema.exec(QStringLiteral("SELECT type, name, sql FROM sqlite_master")))
-                Rifiuta(danneggiato);
-            const auto attese = Tabelle();
-            int trovate = 0;
-            while (schema.next()) {
-                const QString tipo = schema.value(0).toString();
-                const QString nome = schema.value(1).toString();
-                if (tipo == QStringLiteral("index") && schema.value(2).isNull() &&
-                    nome.startsWith(QStringLiteral("sqlite_autoindex_")))
-                    continue;
-                const auto attesa = std::find_if(attese.begin(), attese.end(), [&](const auto& t) {
-                    return t.first == nome && t.second == schema.value(2).toString();
-                });
-                if (tipo != QStringLiteral("table") || attesa == attese.end()) Rifiuta(danneggiato);
-                ++trovate;
-            }
-            if (trovate != attese.size()) Rifiuta(danneggiato);
-        }
-        QSqlQuery controllo(db);
-        if (!controllo.exec(QStringLiteral("PRAGMA quick_check")) || !controllo.next() ||
-            controllo.value(0).toString() != QStringLiteral("ok"))
-            Rifiuta(danneggiato);
-        controllo.finish();
-
-        QSqlQuery formato(db);
-        if (!formato.exec(QStringLiteral("SELECT Versione, Programma FROM Formato")) ||
-            !formato.next())
-            Rifiuta(danneggiato);
-        if (LeggiTesto(formato.value(1), QStringLiteral("Programma")) != Programma)
-            Rifiuta(danneggiato);
-        const int64_t versione =
-            LeggiIntero(formato.value(0), QStringLiteral("Versione"),
-                        std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max());
-        if (versione > VersioneFileScambio)
-            Rifiuta(QStringLiteral("Il disegno è stato salvato da una versione più recente "
-                                   "di ZANTO."));
-        if (versione < 1 || formato.next()) Rifiuta(danneggiato);
-        formato.finish();
-
-        QSqlQuery testa(db);
-        if (!testa.exec(QStringLiteral("SELECT NomeDisegno FROM Disegno")) || !testa.next())
-            Rifiuta(danneggiato);
-        letto.NomeDisegno =
-            NomeDisegnoPulito(LeggiTesto(testa.value(0), QStringLiteral("NomeDisegno")));
-        if (testa.next()) Rifiuta(danneggiato);
-        testa.finish();
-
+        ControllaSchema(db);
+        ControllaIntegrità(db);
+        ControllaFormato(db);
+        letto.NomeDisegno = LeggiNomeScambio(db);
         LeggiRigheAzioni(
             {c.Nome(), QStringLiteral("TabAzioniDisegno"), QStringLiteral("CodiceDisegno")}, 1,
             letto.Azioni, letto.NumeroAzioni);
-        if (letto.NumeroAzioni < 1) Rifiuta(danneggiato);
-
-        QSqlQuery immagini(db);
-        if (!immagini.exec(QStringLiteral("SELECT Nome, length(Dati), Dati FROM Immagini")))
-            Rifiuta(danneggiato);
-        while (immagini.next()) {
-            if (letto.Immagini.size() >= MassimoImmagini) Rifiuta(danneggiato);
-            if (immagini.value(1).toLongLong() > MassimoImmagine) Rifiuta(danneggiato);
-            const QVariant dati = immagini.value(2);
-            if (dati.typeId() != QMetaType::QByteArray) Rifiuta(danneggiato);
-            letto.Immagini.append(
-                {LeggiTesto(immagini.value(0), QStringLiteral("Nome")), dati.toByteArray()});
-        }
-        if (immagini.lastError().isValid()) Rifiuta(danneggiato);
+        if (letto.NumeroAzioni < 1) Rifiuta(Danneggiato);
+        LeggiImmaginiScambio(db, letto.Immagini);
     } catch (const ErroreZanto&) {
         // A value of the wrong type or out of its range: the file is not ours.
-        Rifiuta(danneggiato);
+        Rifiuta(Danneggiato);
     }
     ControllaDisegnoScambiabile(letto);
     return letto;
