@@ -49,6 +49,18 @@ int CercaIndietroDiverso(const QRgb* riga, int da, QRgb v) {
     return -1;
 }
 
+// Spans instead of pixels: a whole-canvas region would be far too deep for
+// recursion. Each entry is a span just filled and the row it still has to look
+// at. A new span looks on in the same direction over its whole width, and back
+// only where it reaches past its parent: under the parent everything is
+// already filled, so no row is scanned twice over.
+struct Tratto {
+    int Y;        // the row to scan
+    int Sinistra; // the filled span next to it, on row Y - Verso
+    int Destra;
+    int Verso;
+};
+
 } // namespace
 
 bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempimento) {
@@ -68,22 +80,10 @@ bool RiempiZona(QImage& bitmap, int x, int y, QRgb daSostituire, QRgb riempiment
     auto riga = [&](int r) { return reinterpret_cast<QRgb*>(base + passoRiga * r); };
     if (riga(y)[x] != daSostituire) return false;
 
-    // Spans instead of pixels, with our own lists: a whole-canvas region would
-    // be far too deep for recursion. Each entry is a span just filled and the
-    // row it still has to look at. A new span looks on in the same direction
-    // over its whole width, and back only where it reaches past its parent:
-    // under the parent everything is already filled, so no row is scanned
-    // twice over.
-    struct Tratto {
-        int Y;        // the row to scan
-        int Sinistra; // the filled span next to it, on row Y - Verso
-        int Destra;
-        int Verso;
-    };
-    // Entries go round by round, the spans found in one round looked at in the
-    // next: depth first, a lattice of one-pixel spans would leave an entry per
-    // span waiting all the way down the canvas, megabytes of
-    // entries that the first span below has made useless.
+    // Our own lists of spans (see Tratto). Entries go round by round, the spans
+    // found in one round looked at in the next: depth first, a lattice of
+    // one-pixel spans would leave an entry per span waiting all the way down
+    // the canvas, megabytes of entries that the first span below has made useless.
     std::vector<Tratto> giro;
     std::vector<Tratto> prossimi;
     giro.reserve(256);
