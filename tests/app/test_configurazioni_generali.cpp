@@ -13,6 +13,7 @@
 #include "panels/ProvaPannello.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
+#include "support/TastoScelta.h"
 
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -315,9 +316,7 @@ private slots:
     }
 
     void dopo_un_cambiamento_la_domanda_si_scandisce_e_nulla_si_registra_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Barra") << 2;
+        RigheTastoScelta();
     }
     void dopo_un_cambiamento_la_domanda_si_scandisce_e_nulla_si_registra() {
         QFETCH(int, scelta);

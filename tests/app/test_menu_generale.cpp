@@ -10,8 +10,10 @@
 #include "panels/Elaborazioni.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
+#include "support/TastoScelta.h"
 
 #include <QFile>
 #include <QLabel>
@@ -52,11 +54,8 @@ void RiapriCicli() {
 
 } // namespace
 
-class ProvaMenuGenerale : public QObject {
+class ProvaMenuGenerale : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     MenuGenerale* Menu(int16_t modo) {
         ModalitàFunzionamento = modo;
@@ -66,18 +65,11 @@ class ProvaMenuGenerale : public QObject {
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-    }
+    void init() { Prepara(); }
     void cleanup() {
         DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
+        Libera();
     }
 
     void cinque_tasti_con_le_corone_ai_loro_posti() {
@@ -282,16 +274,10 @@ private slots:
         QVERIFY(amb->Scatole.isEmpty());
     }
 
-    void esci_in_modo_1_chiede_prima_col_no_per_primo_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Barra") << 2;
-    }
+    void esci_in_modo_1_chiede_prima_col_no_per_primo_data() { RigheTastoScelta(); }
     void esci_in_modo_1_chiede_prima_col_no_per_primo() {
         QFETCH(int, scelta);
-        TastoScelta = int16_t(scelta);
-        TastoScansione = int16_t(3 - scelta);
-        const int tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        const Qt::Key tasto = UsaTastoScelta(scelta);
         RiapriCicli();
         AggiungiCartella(42, QStringLiteral("Scuola"));
         ScriviFile(PercorsoCartellaAttiva(), " 42 \r\n");

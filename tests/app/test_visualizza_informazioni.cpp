@@ -12,6 +12,7 @@
 #include "input/QuadroMessaggi.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
+#include "support/TastoScelta.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -104,16 +105,10 @@ private slots:
         QCOMPARE(m->Motore.TastoCorrente, int16_t(102));
     }
 
-    void in_modo_1_esce_col_tasto_di_scelta_qualunque_sia_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Barra") << 2;
-    }
+    void in_modo_1_esce_col_tasto_di_scelta_qualunque_sia_data() { RigheTastoScelta(); }
     void in_modo_1_esce_col_tasto_di_scelta_qualunque_sia() {
         QFETCH(int, scelta);
-        TastoScelta = int16_t(scelta);
-        TastoScansione = int16_t(3 - scelta);
-        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        const Qt::Key tasto = UsaTastoScelta(scelta);
         // In by the choice key on the menu's ring, out by the same key.
         VisualizzaInformazioni* v = Apri(1);
         QVERIFY(v != nullptr);

@@ -13,6 +13,7 @@
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
+#include "support/SqlProva.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,19 +33,9 @@ using namespace SondePixel;
 
 const QString CR(QChar(u'\r'));
 
-void Sql(const QString& connessione, const QString& testo, const QVariantList& valori = {}) {
-    QSqlQuery q(Archivio(connessione));
-    if (!q.prepare(testo)) qFatal("%s", qPrintable(q.lastError().text()));
-    for (const QVariant& v : valori)
-        q.addBindValue(v);
-    if (!q.exec()) qFatal("%s", qPrintable(q.lastError().text()));
-}
+using SqlProva::Sql;
 
-int Conta(const QString& connessione, const QString& testo) {
-    QSqlQuery q(Archivio(connessione));
-    if (!q.exec(testo) || !q.next()) qFatal("%s", qPrintable(q.lastError().text()));
-    return q.value(0).toInt();
-}
+using SqlProva::Conta;
 
 // One action of each type, with every field set and the floats with fractions.
 QList<RecordAzione> UnaDiOgniTipo() {

@@ -6,6 +6,7 @@
 #include "archive/IstruzioniArchivio.h"
 #include "model/RecordAzione.h"
 #include "support/AmbienteProva.h"
+#include "support/SqlProva.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -16,19 +17,9 @@
 
 namespace {
 
-void Sql(const QString& connessione, const QString& testo, const QVariantList& valori = {}) {
-    QSqlQuery q(Archivio(connessione));
-    if (!q.prepare(testo)) qFatal("%s", qPrintable(q.lastError().text()));
-    for (const QVariant& v : valori)
-        q.addBindValue(v);
-    if (!q.exec()) qFatal("%s", qPrintable(q.lastError().text()));
-}
+using SqlProva::Sql;
 
-int Conta(const QString& connessione, const QString& testo) {
-    QSqlQuery q(Archivio(connessione));
-    if (!q.exec(testo) || !q.next()) qFatal("%s", qPrintable(q.lastError().text()));
-    return q.value(0).toInt();
-}
+using SqlProva::Conta;
 
 void Cartella(int32_t codice, const QString& nome) {
     Sql(ArchivioDisegni,

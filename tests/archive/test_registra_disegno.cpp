@@ -15,6 +15,7 @@
 #include "support/CostruttoriAzioni.h"
 #include "support/OrologioVirtuale.h"
 #include "support/SondePixel.h"
+#include "support/SqlProva.h"
 
 #include <QDir>
 #include <QFile>
@@ -35,17 +36,11 @@ namespace {
 using SondePixel::Colore;
 
 void Sql(const QString& testo, const QVariantList& valori = {}) {
-    QSqlQuery q(Archivio(ArchivioDisegni));
-    if (!q.prepare(testo)) qFatal("%s", qPrintable(q.lastError().text()));
-    for (const QVariant& v : valori)
-        q.addBindValue(v);
-    if (!q.exec()) qFatal("%s", qPrintable(q.lastError().text()));
+    SqlProva::Sql(ArchivioDisegni, testo, valori);
 }
 
 int Conta(const QString& testo) {
-    QSqlQuery q(Archivio(ArchivioDisegni));
-    if (!q.exec(testo) || !q.next()) qFatal("%s", qPrintable(q.lastError().text()));
-    return q.value(0).toInt();
+    return SqlProva::Conta(ArchivioDisegni, testo);
 }
 
 // A drawing that fills the canvas with `colore`, and `linee` short lines more.

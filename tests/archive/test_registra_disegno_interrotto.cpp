@@ -12,7 +12,9 @@
 #include "archive/BitmapDisegni.h"
 #include "model/RecordAzione.h"
 #include "support/AmbienteProva.h"
+#include "support/Figlio.h"
 #include "support/SondePixel.h"
+#include "support/SqlProva.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -37,12 +39,7 @@ constexpr quint32 Seme = 20241124;
 constexpr int Uccisioni = 160;
 
 QSqlQuery Interroga(const QString& testo, const QVariantList& valori = {}) {
-    QSqlQuery q(Archivio(ArchivioDisegni));
-    if (!q.prepare(testo)) qFatal("%s", qPrintable(q.lastError().text()));
-    for (const QVariant& v : valori)
-        q.addBindValue(v);
-    if (!q.exec()) qFatal("%s", qPrintable(q.lastError().text()));
-    return q;
+    return SqlProva::Interroga(ArchivioDisegni, testo, valori);
 }
 
 // Every file under the data folder but the drawings' directory and the
@@ -74,14 +71,6 @@ QByteArray Impronta(const QString& percorso) {
            QByteArray::number(qlonglong(s.st_size)) + ' ' +
            QByteArray::number(qlonglong(s.st_mtim.tv_sec)) + '.' +
            QByteArray::number(qlonglong(s.st_mtim.tv_nsec));
-}
-
-// Busy wait: the child must be caught at any instant, not at a tick of a timer.
-void Gira(qint64 microsecondi) {
-    QElapsedTimer t;
-    t.start();
-    while (t.nsecsElapsed() < microsecondi * 1000) {
-    }
 }
 
 // A drawing is known by its name and folder: the driver saves over it.
@@ -149,13 +138,9 @@ void TestRegistraDisegnoInterrotto::
             segni += figlio.readAllStandardOutput();
         }
         Gira(giri);
-        figlio.kill();
-        QVERIFY(figlio.waitForFinished(60000));
+        Uccidi(figlio);
+        if (QTest::currentTestFailed()) return;
         segni += figlio.readAllStandardOutput();
-        if (figlio.exitStatus() != QProcess::CrashExit)
-            QFAIL(qPrintable(
-                QStringLiteral("il figlio è uscito da sé (%1): ").arg(figlio.exitCode()) +
-                QString::fromLocal8Bit(figlio.readAllStandardError())));
         QVERIFY(!segni.isEmpty());
         ++perFase[segni.back()];
         if (QFile::exists(archivio + QStringLiteral("-journal"))) ++aTransazioneAperta;

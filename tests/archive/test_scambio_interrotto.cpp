@@ -16,6 +16,7 @@
 #include "model/RecordAzione.h"
 #include "printing/EsportaDisegno.h"
 #include "support/AmbienteProva.h"
+#include "support/Figlio.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -37,14 +38,6 @@ QSqlQuery Interroga(const QString& testo) {
     QSqlQuery q(Archivio(ArchivioDisegni));
     if (!q.exec(testo)) qFatal("%s", qPrintable(q.lastError().text()));
     return q;
-}
-
-// Busy wait: the child must be caught at any instant, not at a tick of a timer.
-void Gira(qint64 microsecondi) {
-    QElapsedTimer t;
-    t.start();
-    while (t.nsecsElapsed() < microsecondi * 1000) {
-    }
 }
 
 } // namespace
@@ -74,12 +67,8 @@ void TestScambioInterrotto::esportazioni_e_importazioni_uccise_a_caso_non_lascia
         // The child's start takes a while under the sanitizers: the instant is
         // drawn over its start and a few generations after it.
         Gira(std::uniform_int_distribution<qint64>(200000, 3000000)(caso));
-        figlio.kill();
-        QVERIFY(figlio.waitForFinished(60000));
-        if (figlio.exitStatus() != QProcess::CrashExit)
-            QFAIL(qPrintable(
-                QStringLiteral("il figlio è uscito da sé (%1): ").arg(figlio.exitCode()) +
-                QString::fromLocal8Bit(figlio.readAllStandardError())));
+        Uccidi(figlio);
+        if (QTest::currentTestFailed()) return;
         lasciati += int(cartella
                             .entryList({QStringLiteral("*.nuovo"), QStringLiteral("*.insieme"),
                                         QStringLiteral("*.vecchio")},

@@ -5,6 +5,7 @@
 #include "drawing/AmbienteDisegno.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 
 #include <QtTest>
@@ -51,16 +52,11 @@ inline void LineaSelezionata(AmbienteDisegno* a) {
 
 // The world of one drawing-screen test: a data folder with its archives open,
 // the virtual clock with a dwell of one second, and the screen once opened.
-struct MondoDisegno {
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
+struct MondoDisegno : MondoProva {
     AmbienteDisegno* a = nullptr;
 
     void Prepara() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        MondoProva::Prepara();
         a = nullptr;
     }
     // Modes 1 and 2: the ring of the screen walks on the clock, a dwell a button.
@@ -102,9 +98,7 @@ struct MondoDisegno {
     void Libera() {
         DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         a = nullptr;
-        orologio.reset();
-        amb.reset();
+        MondoProva::Libera();
     }
 };

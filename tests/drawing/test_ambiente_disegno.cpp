@@ -13,6 +13,7 @@
 #include "model/VistaSuperficie.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 #include "support/SondePixel.h"
@@ -35,11 +36,8 @@ int RigheCopia(int32_t codice) {
 
 } // namespace
 
-class ProvaAmbienteDisegno : public QObject {
+class ProvaAmbienteDisegno : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     AmbienteDisegno* Apri(int16_t modo) {
         ModalitàFunzionamento = modo;
@@ -95,18 +93,11 @@ class ProvaAmbienteDisegno : public QObject {
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-    }
+    void init() { Prepara(); }
     void cleanup() {
         DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
+        Libera();
     }
 
     void all_apertura_il_titolo_nomina_la_cartella_e_il_comando() {

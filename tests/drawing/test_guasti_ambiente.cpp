@@ -18,6 +18,7 @@
 #include "panels/QuadroSceltaRibaltamenti.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
@@ -42,11 +43,9 @@ void TastoTenuto(int tastoQt) {
 
 } // namespace
 
-class ProvaGuastiAmbiente : public QObject {
+class ProvaGuastiAmbiente : public QObject, MondoProva {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
     AmbienteDisegno* a = nullptr;
     bool mancato = false; // a script waited for a ring that never came
 
@@ -101,17 +100,12 @@ class ProvaGuastiAmbiente : public QObject {
 private slots:
     void init() {
         mancato = false;
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        Prepara();
     }
     void cleanup() {
         DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
+        Libera();
     }
 
     void annulla_su_un_elemento_aperto_ridisegna_a_penna_piena() {

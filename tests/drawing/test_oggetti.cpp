@@ -15,6 +15,7 @@
 #include "panels/QuadroSceltaRibaltamenti.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
@@ -24,11 +25,9 @@
 #include <cmath>
 #include <memory>
 
-class ProvaOggetti : public QObject {
+class ProvaOggetti : public QObject, MondoProva {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
     AmbienteDisegno* a = nullptr;
 
     AmbienteDisegno* Apri(int16_t modo) { return a = GuidaDisegno::Apri(modo); }
@@ -80,18 +79,11 @@ class ProvaOggetti : public QObject {
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-    }
+    void init() { Prepara(); }
     void cleanup() {
         DistruggiAmbienteDisegno();
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
+        Libera();
     }
 
     void scenario_in_modo_4() {

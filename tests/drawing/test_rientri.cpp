@@ -13,6 +13,7 @@
 #include "panels/QuadroSceltaDirezione.h"
 #include "panels/VideaAvanzamento.h"
 #include "support/Copione.h"
+#include "support/TastoScelta.h"
 
 #include <QImage>
 #include <QtTest>
@@ -32,15 +33,11 @@ private slots:
     void cleanup() { Libera(); }
 
     void la_scelta_durante_la_ricerca_delle_immagini_non_apre_una_seconda_lista_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Barra") << 2;
+        RigheTastoScelta();
     }
     void la_scelta_durante_la_ricerca_delle_immagini_non_apre_una_seconda_lista() {
         QFETCH(int, scelta);
-        TastoScelta = int16_t(scelta);
-        TastoScansione = int16_t(3 - scelta);
-        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        const Qt::Key tasto = UsaTastoScelta(scelta);
         QImage casa(40, 30, QImage::Format_RGB32);
         casa.fill(QColor(0, 255, 0));
         QVERIFY(casa.save(PercorsoFile() + QStringLiteral("/casa.png"), "PNG"));

@@ -24,9 +24,7 @@ constexpr int32_t Rosso = 0x0000FF; // button 104
 constexpr int32_t Verde = 0x00FF00; // button 106
 constexpr int32_t Sfondo = 0xC0C0C0;
 
-int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
-    return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
-}
+using SondePixel::ColoreA;
 
 // The colour the label of the fill colour has, and the one it shows.
 int32_t ColoreEtichetta(AmbienteDisegno* a) {

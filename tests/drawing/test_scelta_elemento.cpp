@@ -28,7 +28,7 @@ constexpr int Sosta = 1000;
 constexpr int32_t Nero = 0x000000;
 
 int32_t Colore(const QImage& img, int x, int y) {
-    return SondePixel::Colore(img, SondePixel::Px(x), SondePixel::Px(y));
+    return SondePixel::ColoreA(img, x, y);
 }
 
 // A point of the first line away from the words at the centre.

@@ -28,9 +28,7 @@ constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Nero = 0x000000;
 constexpr int32_t Grigio = 0xC0C0C0;
 
-int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
-    return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
-}
+using SondePixel::ColoreA;
 
 } // namespace
 

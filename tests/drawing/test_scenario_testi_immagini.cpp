@@ -27,7 +27,7 @@ constexpr int32_t VerdeFoto = 0x00FF00;
 constexpr int32_t Nero = 0x000000;
 
 int32_t Colore(const QImage& img, int x, int y) {
-    return SondePixel::Colore(img, SondePixel::Px(x), SondePixel::Px(y));
+    return SondePixel::ColoreA(img, x, y);
 }
 
 // The pixels where two pictures differ, as a box in pixels; empty when none.

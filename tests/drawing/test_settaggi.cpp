@@ -16,6 +16,7 @@
 #include "panels/QuadroSettaggiFont.h"
 #include "support/Copione.h"
 #include "support/SondePixel.h"
+#include "support/TastoScelta.h"
 
 #include <QImage>
 #include <QLabel>
@@ -30,9 +31,7 @@ constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Giallo = 0x00FFFF;
 constexpr int32_t Grigio = 0xC0C0C0;
 
-int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
-    return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
-}
+using SondePixel::ColoreA;
 
 QString RisorsaIcona(const FormScansione* f, int16_t indice) {
     return f->Tasti.value(indice)->property(ProprietaRisorsaIcona).toString();
@@ -218,15 +217,11 @@ private slots:
     }
 
     void sfondo_lasciato_senza_colore_trattiene_l_anello_poi_lo_lascia_andare_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Barra") << 2;
+        RigheTastoScelta();
     }
     void sfondo_lasciato_senza_colore_trattiene_l_anello_poi_lo_lascia_andare() {
         QFETCH(int, scelta);
-        TastoScelta = int16_t(scelta);
-        TastoScansione = int16_t(3 - scelta);
-        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        const Qt::Key tasto = UsaTastoScelta(scelta);
         a = GuidaDisegno::Apri(1);
         orologio->Avanza(int64_t((124 - a->Motore.TastoCorrente + 33) % 33) * Sosta);
         QCOMPARE(a->Motore.TastoCorrente, int16_t(124));

@@ -33,9 +33,7 @@ constexpr int Sosta = 1000;
 constexpr int32_t Rosso = 0x0000FF;
 constexpr int32_t Nero = 0x000000;
 
-int32_t ColoreA(const QImage& img, int xTwips, int yTwips) {
-    return SondePixel::Colore(img, SondePixel::Px(xTwips), SondePixel::Px(yTwips));
-}
+using SondePixel::ColoreA;
 
 int32_t CartellaOggetti(const QString& nome) {
     for (const RigaArchivio& r : CartelleObjInOrdineDiNome())

@@ -5,6 +5,7 @@
 #include "input/QuadroMessaggi.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
@@ -48,11 +49,8 @@ Vista Osserva() {
 
 } // namespace
 
-class ProvaQuadroMessaggi : public QObject {
+class ProvaQuadroMessaggi : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     // Opens the panel with the script running inside it; returns the result.
     int16_t
@@ -65,15 +63,8 @@ class ProvaQuadroMessaggi : public QObject {
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>(false);
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-    }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { PreparaSenzaDati(); }
+    void cleanup() { Libera(); }
 
     void serie_di_tasti_data() {
         QTest::addColumn<int>("tipo");

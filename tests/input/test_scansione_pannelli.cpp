@@ -4,6 +4,7 @@
 #include "base/Configurazione.h"
 #include "input/FormScansione.h"
 #include "support/AmbienteProva.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 
 #include <QLineEdit>
@@ -60,11 +61,8 @@ void Premi(QWidget* dove, Qt::Key tasto) {
 
 } // namespace
 
-class ProvaScansionePannelli : public QObject {
+class ProvaScansionePannelli : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     std::unique_ptr<FormGriglia> Apri(int16_t modo, int16_t righe, int16_t colonne,
                                       bool funzioni = false) {
@@ -77,16 +75,11 @@ class ProvaScansionePannelli : public QObject {
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>(false);
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        PreparaSenzaDati();
         TastoScelta = 1;
         TastoScansione = 2;
     }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void griglia_destra_e_sinistra_girano_nella_riga() {
         auto f = Apri(4, 3, 8);

@@ -13,6 +13,7 @@
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
 #include "support/SondePixel.h"
+#include "support/SqlProva.h"
 #include "support/TelaProva.h"
 
 #include <QSqlError>
@@ -96,17 +97,11 @@ RecordAzione NuovaColorazione(float x, float y) {
 }
 
 void Sql(const QString& testo, const QVariantList& valori = {}) {
-    QSqlQuery q(Archivio(ArchivioDisegni));
-    if (!q.prepare(testo)) qFatal("%s", qPrintable(q.lastError().text()));
-    for (const QVariant& v : valori)
-        q.addBindValue(v);
-    if (!q.exec()) qFatal("%s", qPrintable(q.lastError().text()));
+    SqlProva::Sql(ArchivioDisegni, testo, valori);
 }
 
 int Conta(const QString& testo) {
-    QSqlQuery q(Archivio(ArchivioDisegni));
-    if (!q.exec(testo) || !q.next()) qFatal("%s", qPrintable(q.lastError().text()));
-    return q.value(0).toInt();
+    return SqlProva::Conta(ArchivioDisegni, testo);
 }
 
 RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {

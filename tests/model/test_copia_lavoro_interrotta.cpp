@@ -12,6 +12,8 @@
 #include "archive/IstruzioniArchivio.h"
 #include "model/RecordAzione.h"
 #include "support/AmbienteProva.h"
+#include "support/Figlio.h"
+#include "support/SqlProva.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -28,12 +30,7 @@ constexpr quint32 Seme = 20240611;
 constexpr int Uccisioni = 200;
 
 QSqlQuery Interroga(const QString& testo, const QVariantList& valori = {}) {
-    QSqlQuery q(Archivio(ArchivioDisegni));
-    if (!q.prepare(testo)) qFatal("%s", qPrintable(q.lastError().text()));
-    for (const QVariant& v : valori)
-        q.addBindValue(v);
-    if (!q.exec()) qFatal("%s", qPrintable(q.lastError().text()));
-    return q;
+    return SqlProva::Interroga(ArchivioDisegni, testo, valori);
 }
 
 qlonglong Valore(const QString& testo) {
@@ -71,14 +68,6 @@ int CopieIntere() {
         }
     }
     return copie;
-}
-
-// Busy wait: the child must be caught at any instant, not at a tick of a timer.
-void Gira(qint64 microsecondi) {
-    QElapsedTimer t;
-    t.start();
-    while (t.nsecsElapsed() < microsecondi * 1000) {
-    }
 }
 
 } // namespace
@@ -128,13 +117,9 @@ void TestCopiaLavoroInterrotta::copie_uccise_a_caso_restano_intere_e_la_storia_c
             segni += figlio.readAllStandardOutput();
         }
         Gira(giro);
-        figlio.kill();
-        QVERIFY(figlio.waitForFinished(60000));
+        Uccidi(figlio);
+        if (QTest::currentTestFailed()) return;
         segni += figlio.readAllStandardOutput();
-        if (figlio.exitStatus() != QProcess::CrashExit)
-            QFAIL(qPrintable(
-                QStringLiteral("il figlio è uscito da sé (%1): ").arg(figlio.exitCode()) +
-                QString::fromLocal8Bit(figlio.readAllStandardError())));
         // The journal outlives only a transaction that was cut short.
         if (QFile::exists(archivio + QStringLiteral("-journal"))) ++aTransazioneAperta;
 

@@ -9,6 +9,7 @@
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroSceltaColore1.h"
 #include "support/AmbienteProva.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 
 #include <QScreen>
@@ -76,11 +77,8 @@ void VaiEScegli(Copione& c, int modo, int tasto) {
 
 } // namespace
 
-class ProvaQuadroSceltaColore : public QObject {
+class ProvaQuadroSceltaColore : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     // A message left open above the panel is closed first, so that a failing
     // script ends with the panel still open, and says so.
@@ -105,15 +103,10 @@ class ProvaQuadroSceltaColore : public QObject {
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>(false);
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
+        PreparaSenzaDati();
         ColoreScelto = -1;
     }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void posti_misure_e_titolo() {
         ModalitàFunzionamento = 4;

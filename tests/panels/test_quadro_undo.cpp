@@ -10,8 +10,10 @@
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroUndo.h"
 #include "support/AmbienteProva.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/SondePixel.h"
+#include "support/TastoScelta.h"
 
 #include <QSlider>
 #include <QtTest>
@@ -65,27 +67,16 @@ template <> inline char* toString(const Vista& v) {
 } // namespace QTest
 QT_END_NAMESPACE
 
-class ProvaQuadroUndo : public QObject {
+class ProvaQuadroUndo : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     bool Apri(Copione& c) {
         return EseguiNelPannello(c, [] { ApriQuadroUndo(); });
     }
 
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
-        TempoLatenzaScansione = 1000;
-    }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void init() { Prepara(); }
+    void cleanup() { Libera(); }
 
     void con_la_voce_dice_il_numero_del_passo() {
         ModalitàFunzionamento = 4;
@@ -201,17 +192,11 @@ private slots:
         QCOMPARE(PassoUndo, int16_t(1));
     }
 
-    void modo_3_la_scansione_gira_a_zero_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Spazio") << 2;
-    }
+    void modo_3_la_scansione_gira_a_zero_data() { RigheTastoScelta(); }
     void modo_3_la_scansione_gira_a_zero() {
         QFETCH(int, scelta);
         ModalitàFunzionamento = 3;
-        TastoScelta = static_cast<int16_t>(scelta);
-        TastoScansione = static_cast<int16_t>(3 - scelta);
-        const Qt::Key chiaveScelta = scelta == 1 ? Qt::Key_Return : Qt::Key_Space;
+        const Qt::Key chiaveScelta = UsaTastoScelta(scelta);
         const Qt::Key chiaveScansione = scelta == 1 ? Qt::Key_Space : Qt::Key_Return;
         ScriviCopie(2);
         QList<Vista> viste;

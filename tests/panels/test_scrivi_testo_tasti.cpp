@@ -8,6 +8,7 @@
 #include "panels/QuadroSettaggiFont.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
+#include "support/TastoScelta.h"
 
 #include <QFrame>
 #include <QPlainTextEdit>
@@ -273,16 +274,12 @@ private slots:
     }
 
     void modo_1_in_un_testo_lungo_sinistra_lascia_andare_l_anello_dopo_la_sosta_data() {
-        QTest::addColumn<int>("scelta");
-        QTest::newRow("scelta Invio") << 1;
-        QTest::newRow("scelta Barra") << 2;
+        RigheTastoScelta();
     }
     void modo_1_in_un_testo_lungo_sinistra_lascia_andare_l_anello_dopo_la_sosta() {
         QFETCH(int, scelta);
         ModalitàFunzionamento = 1;
-        TastoScelta = int16_t(scelta);
-        TastoScansione = int16_t(3 - scelta);
-        const Qt::Key tasto = scelta == 2 ? Qt::Key_Space : Qt::Key_Return;
+        const Qt::Key tasto = UsaTastoScelta(scelta);
         // A text as long as one read from a file: thousands of picks to its start.
         const QString lungo = QString(3000, u'A');
         Riapri({lungo});

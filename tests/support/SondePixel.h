@@ -38,6 +38,11 @@ inline QPoint Punto(double x, double y) {
     return {Px(x), Px(y)};
 }
 
+// The colour at a point in twips.
+inline int32_t ColoreA(const QImage& img, double xTwips, double yTwips) {
+    return Colore(img, Px(xTwips), Px(yTwips));
+}
+
 // Does the pixel of a point in twips, or one of its eight neighbours, have the
 // colour? A curve's pixels lie within one pixel of the exact point.
 inline bool Vicino(const QImage& img, double xTwips, double yTwips, int32_t colore) {
