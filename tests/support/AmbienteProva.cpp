@@ -1,13 +1,18 @@
 #include "support/AmbienteProva.h"
 
 #include "app/Avvio.h"
+#include "app/ConfigurazioniGenerali.h"
 #include "app/MenuGenerale.h"
 #include "archive/Archivi.h"
 #include "archive/ArchivioAzioni.h"
 #include "archive/Installatore.h"
 #include "base/Bip.h"
+#include "base/CartellaAttiva.h"
 #include "base/Configurazione.h"
+#include "base/GestioneErrori.h"
+#include "base/Misure.h"
 #include "base/ScalaSchermo.h"
+#include "base/Sessione.h"
 #include "base/Utilita.h"
 #include "input/FormScansione.h"
 #include "input/QuadroMessaggi.h"
@@ -22,6 +27,10 @@
 #include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSceltaRibaltamenti.h"
 #include "panels/QuadroScriviTesto.h"
+#include "panels/QuadroUndo.h"
+#include "panels/VideaAvanzamento.h"
+#include "printing/ServizioStampa.h"
+#include "printing/Stampe.h"
 
 #include <QtTest>
 
@@ -35,87 +44,37 @@ void RipristinaTempiEVoce() {
 }
 
 void RipristinaGlobali() {
-    // start
-    FaseAvvio = 0;
-    RadiceDati.clear();
-    CartellaSistema.clear();
-    MessaggiAvvio.clear();
-    StampanteDiSistema.clear();
-    DimensioneMinimaX = 1024;
-    DimensioneMinimaY = 768;
+    // Each unit's state, whole.
+    DatiSessione = StatoSessione{};
+    DatiGestioneErrori = StatoGestioneErrori{};
+    DatiBip = StatoBip{};
+    DatiConfigurazione = StatoConfigurazione{};
+    DatiCartellaAttiva = StatoCartellaAttiva{};
+    DatiUtilita = StatoUtilita{};
     RipristinaScala();
-    SezioneCorrente = 0;
-    EsitoErrore = 0;
-    RecordAssente = 0;
-    ScritturaFallita = 0;
-    ContatoreBip = 0;
+    DatiFormScansione = StatoFormScansione{};
+    DatiQuadroMessaggi = StatoQuadroMessaggi{};
+    DatiAzioni = StatoAzioni{};
+    DatiAmbiente = StatoAmbiente{};
+    DatiSelezione = StatoSelezione{};
+    DatiTracciaAzioni = StatoTracciaAzioni{};
+    DatiPaint = StatoPaint{};
+    DatiArchivioAzioni = StatoArchivioAzioni{};
+    DatiQuadroSceltaColore1 = StatoQuadroSceltaColore1{};
+    DatiQuadroSceltaRibaltamenti = StatoQuadroSceltaRibaltamenti{};
+    DatiQuadroUndo = StatoQuadroUndo{};
+    DatiVideaAvanzamento = StatoVideaAvanzamento{};
+    DatiStampe = StatoStampe{};
+    DatiServizioStampa = StatoServizioStampa{};
+    DatiConfigurazioniGenerali = StatoConfigurazioniGenerali{};
+    // The hooks a test may have put in.
     MostraScatolaPiattaforma = ScatolaDiSistema;
-    ModalitàFunzionamento = 1;
-    TastoScelta = 1;
-    TastoScansione = 2;
-    TipoInversioneScansione = 1;
-    TempoLatenzaScansione = 1000;
-    LarghezzaAnello = 1;
-    AltoContrasto = 0;
-    RipristinaTempiEVoce();
-    CodiceCartellaAttiva = 0;
-    NomeCartellaAttiva.clear();
-    TestoDaDividere.clear();
-    NumeroRigheTesto = 0;
-    RigheTesto = QStringList{QString()};
-    CartellaRicerca.clear();
-    EstensioniRicerca.clear();
-    RicercaSottocartelle = 0;
-    ElencoFile = QStringList{QString()};
-    NumeroFile = 0;
-    // input
     AvvisoComandoAmbiente = nullptr;
-    IstanteUltimaScelta = std::numeric_limits<int64_t>::min() / 2;
-    IstanteUltimoBip = -PausaDopoBip;
+    SpostaIconaMirino = nullptr;
     Zittisci();
-    TestoQuadroMessaggi.clear();
-    TipoQuadroMessaggi = 0;
-    TastoPredefinitoQuadroMessaggi = 0;
-    EsitoQuadroMessaggi = 0;
-    // model and archive: add their globals here as they come.
-    AzzeraStatoAmbiente();
-    // panels
+    // The list panel and the keyboard.
     DatiLista = StatoLista{};
     DatiScriviTesto = StatoScriviTesto{};
-    DirezioneScelta = 0;
-    RibaltamentoScelto = 0;
-    ColoreScelto = -1;
-    SpostaIconaMirino = nullptr;
-    AzzeraSelezione();
-    Azioni = QList<RecordAzione>{RecordAzione{}};
-    NumeroAzioni = 0;
-    ElementiAttivi = QList<RecordAzione>{RecordAzione{}};
-    NumeroElementiAttivi = 0;
-    AzioniUndo = QList<RecordAzione>{RecordAzione{}};
-    NumeroAzioniUndo = 0;
-    AzioniDaRegistrare = QList<RecordAzione>{RecordAzione{}};
-    NumeroAzioniDaRegistrare = 0;
-    AzioniOggetto = QList<RecordAzione>{RecordAzione{}};
-    NumeroAzioniOggetto = 0;
-    AzioniOggettoDaRegistrare = QList<RecordAzione>{RecordAzione{}};
-    NumeroAzioniOggettoDaRegistrare = 0;
-    ElementoInCostruzione = RecordAzione{};
-    IndiceElementoInModifica = 0;
-    CodiceCopiaLavoro = BaseCopieLavoro;
-    PrimaAzioneTraccia = 0;
-    UltimaAzioneTraccia = 0;
-    OggettoPaint.reset();
-    CodiceDisegnoDaCaricare = 0;
-    CodiceOggettoDaCaricare = 0;
-    CodiceDisegnoDaRegistrare = 0;
-    CodiceOggettoDaRegistrare = 0;
-    StatoDisegno = 2;
-    RegistraComeNuovo = 0;
-    NomeDisegnoCorrente.clear();
-    CodiceDisegnoCorrente = 0;
-    NomeOggettoDaRegistrare.clear();
-    CodiceCartellaObjAttiva = 0;
-    NomeCartellaObjAttiva.clear();
 }
 
 AmbienteProva::AmbienteProva(bool installa) {
