@@ -13,7 +13,7 @@
 #include "panels/ProvaPannello.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
-#include "support/TastoScelta.h"
+#include "support/RigheProva.h"
 
 #include <QGroupBox>
 #include <QGuiApplication>

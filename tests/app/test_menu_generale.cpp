@@ -12,8 +12,8 @@
 #include "support/Copione.h"
 #include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
+#include "support/RigheProva.h"
 #include "support/Sonde.h"
-#include "support/TastoScelta.h"
 
 #include <QFile>
 #include <QLabel>

@@ -12,7 +12,7 @@
 #include "input/QuadroMessaggi.h"
 #include "support/Copione.h"
 #include "support/MondoMenu.h"
-#include "support/TastoScelta.h"
+#include "support/RigheProva.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -18,6 +18,7 @@
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
 #include "support/OrologioVirtuale.h"
+#include "support/RigheProva.h"
 #include "support/SondePixel.h"
 
 #include <QLabel>
@@ -289,9 +290,7 @@ private slots:
     }
 
     void una_copia_guasta_va_alla_gestione_errori_e_le_altre_si_recuperano_data() {
-        QTest::addColumn<int>("modalita");
-        QTest::addRow("modo 1") << 1;
-        QTest::addRow("modo 4") << 4;
+        RigheModo({1, 4}, "modalita");
     }
     void una_copia_guasta_va_alla_gestione_errori_e_le_altre_si_recuperano() {
         QFETCH(int, modalita);

@@ -20,6 +20,7 @@
 #include "support/Copione.h"
 #include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
+#include "support/RigheProva.h"
 #include "support/Sonde.h"
 
 #include <QtTest>
@@ -223,11 +224,7 @@ private slots:
                  a->Quadro.Immagine().pixel(xRiquadro, yRiquadro));
     }
 
-    void allungare_un_gruppo_senza_larghezza_da_errore_e_si_continua_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
-    }
+    void allungare_un_gruppo_senza_larghezza_da_errore_e_si_continua_data() { RigheModo({1, 2}); }
     void allungare_un_gruppo_senza_larghezza_da_errore_e_si_continua() {
         QFETCH(int, modo);
         Apri(4);
@@ -323,11 +320,7 @@ private slots:
         QCOMPARE(MarcaComando(133), int16_t(1278));
     }
 
-    void un_click_ferma_l_anello_nei_modi_1_e_2_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
-    }
+    void un_click_ferma_l_anello_nei_modi_1_e_2_data() { RigheModo({1, 2}); }
     void un_click_ferma_l_anello_nei_modi_1_e_2() {
         QFETCH(int, modo);
         Apri(static_cast<int16_t>(modo));

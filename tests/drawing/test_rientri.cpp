@@ -13,7 +13,7 @@
 #include "panels/QuadroSceltaDirezione.h"
 #include "panels/VideaAvanzamento.h"
 #include "support/Copione.h"
-#include "support/TastoScelta.h"
+#include "support/RigheProva.h"
 
 #include <QImage>
 #include <QtTest>

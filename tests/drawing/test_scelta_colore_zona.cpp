@@ -11,6 +11,7 @@
 #include "panels/QuadroSceltaColore1.h"
 #include "panels/QuadroSceltaDirezione.h"
 #include "support/Copione.h"
+#include "support/RigheProva.h"
 #include "support/Sonde.h"
 #include "support/SondePixel.h"
 
@@ -109,11 +110,7 @@ private slots:
     void init() { Prepara(); }
     void cleanup() { Libera(); }
 
-    void modi_data() {
-        QTest::addColumn<int>("modo");
-        for (int m = 1; m <= 4; ++m)
-            QTest::newRow(qPrintable(QStringLiteral("modo %1").arg(m))) << m;
-    }
+    void modi_data() { RigheModo({1, 2, 3, 4}); }
 
     void il_colore_scelto_passa_all_etichetta_data() { modi_data(); }
     void il_colore_scelto_passa_all_etichetta() {

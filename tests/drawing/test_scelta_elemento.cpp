@@ -16,6 +16,7 @@
 #include "panels/QuadroScriviTesto.h"
 #include "panels/QuadroSelectPrimitiva.h"
 #include "support/Copione.h"
+#include "support/RigheProva.h"
 #include "support/SondePixel.h"
 
 #include <QImage>
@@ -279,9 +280,7 @@ private slots:
     }
 
     void con_uno_o_due_tasti_un_testo_ripreso_si_puo_muovere_e_lasciare_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
+        RigheModo({1, 2});
     }
     void con_uno_o_due_tasti_un_testo_ripreso_si_puo_muovere_e_lasciare() {
         QFETCH(int, modo);

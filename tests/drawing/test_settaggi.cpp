@@ -15,8 +15,8 @@
 #include "panels/QuadroSettaggi.h"
 #include "panels/QuadroSettaggiFont.h"
 #include "support/Copione.h"
+#include "support/RigheProva.h"
 #include "support/SondePixel.h"
-#include "support/TastoScelta.h"
 
 #include <QImage>
 #include <QLabel>

@@ -15,6 +15,7 @@
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroScriviTesto.h"
 #include "support/Copione.h"
+#include "support/RigheProva.h"
 #include "support/SondePixel.h"
 
 #include <QFile>
@@ -257,11 +258,7 @@ private slots:
         QVERIFY(ContaNelBox(tela, Nero, t).Fuori > 0);
     }
 
-    void uscire_dalla_tastiera_senza_testo_lascia_tutto_com_era_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 4") << 4;
-    }
+    void uscire_dalla_tastiera_senza_testo_lascia_tutto_com_era_data() { RigheModo({1, 4}); }
     void uscire_dalla_tastiera_senza_testo_lascia_tutto_com_era() {
         QFETCH(int, modo);
         a = GuidaDisegno::Apri(int16_t(modo));

@@ -11,6 +11,7 @@
 #include "support/AmbienteProva.h"
 #include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
+#include "support/RigheProva.h"
 
 #include <QScreen>
 #include <QTextEdit>
@@ -336,11 +337,7 @@ private slots:
         QCOMPARE(ColoreScelto, Atteso(105));
     }
 
-    void il_tasto_arcobaleno_avvisa_e_il_quadro_resta_data() {
-        QTest::addColumn<int>("modo");
-        for (int m = 1; m <= 4; ++m)
-            QTest::newRow(qPrintable(QStringLiteral("modo %1").arg(m))) << m;
-    }
+    void il_tasto_arcobaleno_avvisa_e_il_quadro_resta_data() { RigheModo({1, 2, 3, 4}); }
     void il_tasto_arcobaleno_avvisa_e_il_quadro_resta() {
         QFETCH(int, modo);
         ModalitàFunzionamento = static_cast<int16_t>(modo);

@@ -12,8 +12,8 @@
 #include "support/AmbienteProva.h"
 #include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
+#include "support/RigheProva.h"
 #include "support/SondePixel.h"
-#include "support/TastoScelta.h"
 
 #include <QSlider>
 #include <QtTest>
@@ -214,11 +214,7 @@ private slots:
         QCOMPARE(ContatoreBip, 0);
     }
 
-    void modi_1_e_2_un_passo_a_ogni_attesa_e_la_scelta_ferma_data() {
-        QTest::addColumn<int>("modo");
-        QTest::newRow("modo 1") << 1;
-        QTest::newRow("modo 2") << 2;
-    }
+    void modi_1_e_2_un_passo_a_ogni_attesa_e_la_scelta_ferma_data() { RigheModo({1, 2}); }
     void modi_1_e_2_un_passo_a_ogni_attesa_e_la_scelta_ferma() {
         QFETCH(int, modo);
         ModalitàFunzionamento = static_cast<int16_t>(modo);

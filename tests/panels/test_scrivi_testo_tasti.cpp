@@ -8,7 +8,7 @@
 #include "panels/QuadroSettaggiFont.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
-#include "support/TastoScelta.h"
+#include "support/RigheProva.h"
 
 #include <QFrame>
 #include <QPlainTextEdit>

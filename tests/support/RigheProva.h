@@ -4,6 +4,15 @@
 
 #include <QtTest>
 
+#include <initializer_list>
+
+// Rows of a test run once in each of the modes given, in a column "modo".
+inline void RigheModo(std::initializer_list<int> modi, const char* colonna = "modo") {
+    QTest::addColumn<int>(colonna);
+    for (const int m : modi)
+        QTest::addRow("modo %d", m) << m;
+}
+
 // A test run twice: with Enter and with the space bar as the choice key.
 inline void RigheTastoScelta() {
     QTest::addColumn<int>("scelta");
