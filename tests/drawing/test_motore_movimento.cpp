@@ -10,6 +10,7 @@
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
+#include "support/ProvaGlobali.h"
 
 #include <QtTest>
 
@@ -80,13 +81,10 @@ int PassoGruppo(Superficie& quadro, int16_t comando, int16_t tasto) {
 
 } // namespace
 
-class TestMotoreMovimento : public QObject {
+class TestMotoreMovimento : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
-    void cleanup() { RipristinaGlobali(); }
-
     void passi_alla_apertura_sono_50_0_025_e_0_02() {
         QCOMPARE(PassoSpostamento, 50);
         QCOMPARE(FattoreRidimensione, 0.025f);

@@ -12,6 +12,7 @@
 #include "model/TracciaAzioni.h"
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
+#include "support/ProvaGlobali.h"
 #include "support/SondePixel.h"
 #include "support/SqlProva.h"
 #include "support/TelaProva.h"
@@ -115,13 +116,10 @@ RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
 
 } // namespace
 
-class TestCopiaLavoro : public QObject {
+class TestCopiaLavoro : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
-    void cleanup() { RipristinaGlobali(); }
-
     void linea_fissata_subito_e_la_diagonale_nel_colore_e_spessore_correnti() {
         Quadro q;
         ElementoInCostruzione = NuovaLinea();

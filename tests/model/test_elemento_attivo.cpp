@@ -8,6 +8,7 @@
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
+#include "support/ProvaGlobali.h"
 #include "support/SondePixel.h"
 #include "support/TelaProva.h"
 
@@ -76,11 +77,10 @@ void Oggetto(const QList<RecordAzione>& elementi) {
 
 } // namespace
 
-class TestElementoAttivo : public QObject {
+class TestElementoAttivo : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
     void cleanup() {
         SpostaIconaMirino = nullptr;
         RipristinaGlobali();

@@ -11,6 +11,7 @@
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
+#include "support/ProvaGlobali.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -143,13 +144,10 @@ Stato Adesso() {
 
 } // namespace
 
-class TestIngombroProgressivo : public QObject {
+class TestIngombroProgressivo : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
-    void cleanup() { RipristinaGlobali(); }
-
     void misura_passo_passo_uguale_alla_misura_intera_su_gruppi_a_caso() {
         QRandomGenerator caso(7);
         int confronti = 0;

@@ -4,6 +4,7 @@
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
+#include "support/ProvaGlobali.h"
 #include "support/SondePixel.h"
 #include "support/TelaProva.h"
 
@@ -61,13 +62,10 @@ std::pair<int, int> Confronta(const QImage& img, const QImage& atteso, QRgb colo
 
 } // namespace
 
-class TestPaint : public QObject {
+class TestPaint : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
-    void cleanup() { RipristinaGlobali(); }
-
     void device_ricava_scala_e_fattori_in_twips() {
         Quadro q;
         Paint p;

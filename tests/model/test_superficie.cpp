@@ -5,6 +5,7 @@
 #include "model/RecordAzione.h"
 #include "model/Superficie.h"
 #include "support/AmbienteProva.h"
+#include "support/ProvaGlobali.h"
 #include "support/SondePixel.h"
 #include "support/TelaProva.h"
 
@@ -60,12 +61,10 @@ bool SfondoArrivaAlBordo(const QImage& img, int x, int y) {
 
 } // namespace
 
-class TestSuperficie : public QObject {
+class TestSuperficie : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
-
     void quadro_di_14144_per_10000_twips_e_943_per_667_pixel_a_96_dpi() {
         Quadro q;
         QCOMPARE(q.S.LarghezzaPixel(), 943);

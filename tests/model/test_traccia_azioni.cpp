@@ -9,6 +9,7 @@
 #include "model/TracciaAzioni.h"
 #include "support/AmbienteProva.h"
 #include "support/CostruttoriAzioni.h"
+#include "support/ProvaGlobali.h"
 #include "support/SondePixel.h"
 #include "support/TelaProva.h"
 
@@ -88,13 +89,10 @@ QList<int> InizioBande(const QImage& img, int32_t colore) {
 
 } // namespace
 
-class TestTracciaAzioni : public QObject {
+class TestTracciaAzioni : public ProvaGlobali {
     Q_OBJECT
 
 private slots:
-    void init() { RipristinaGlobali(); }
-    void cleanup() { RipristinaGlobali(); }
-
     void linea_ha_il_colore_e_lo_spessore_del_record() {
         Quadro q;
         q.Traccia({Linea(1500, 3000, 9000, 3000, Blu, 5), Linea(1500, 6000, 9000, 6000, Rosso, 1)});
