@@ -43,15 +43,10 @@ struct Quadro : TelaProva {
 
 // The records a command opens, by Part of the drawing screen's table.
 RecordAzione NuovaLinea() {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = Predefiniti::XInizio;
-    a.YInizio = Predefiniti::YInizio;
-    a.XFine = Predefiniti::XFine;
-    a.YFine = Predefiniti::YFine;
-    a.ColLinea = ColoreLineaCorrente;
+    RecordAzione a =
+        CostruttoriAzioni::Linea(Predefiniti::XInizio, Predefiniti::YInizio, Predefiniti::XFine,
+                                 Predefiniti::YFine, ColoreLineaCorrente);
     a.ColZona = ColoreZonaCorrente;
-    a.SpessLinea = 1;
     return a;
 }
 
@@ -63,38 +58,19 @@ RecordAzione NuovoRettangolo() {
 }
 
 RecordAzione NuovoArco() {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Arco;
-    a.ColLinea = ColoreLineaCorrente;
-    a.ColZona = ColoreZonaCorrente;
-    a.SpessLinea = 1;
-    a.XCentro = Predefiniti::CentroX;
-    a.YCentro = Predefiniti::CentroY;
-    a.RadIniz = Predefiniti::RadIniz;
-    a.RadFine = Predefiniti::RadFine;
-    a.RaggioVert = Predefiniti::Raggio;
-    a.RaggioOriz = Predefiniti::Raggio;
-    return a;
+    return CostruttoriAzioni::Arco(Predefiniti::CentroX, Predefiniti::CentroY, Predefiniti::Raggio,
+                                   Predefiniti::Raggio, Predefiniti::RadIniz, Predefiniti::RadFine,
+                                   ColoreLineaCorrente, ColoreZonaCorrente);
 }
 
 RecordAzione NuovaEllisse() {
-    RecordAzione a = NuovoArco();
-    a.TipoAzione = TipiAzione::Ellisse;
-    a.RadIniz = 0;
-    a.RadFine = 0;
-    a.FlagPienoVuoto = RiempimentoCorrente;
-    return a;
+    return CostruttoriAzioni::Ellisse(Predefiniti::CentroX, Predefiniti::CentroY,
+                                      Predefiniti::Raggio, Predefiniti::Raggio, RiempimentoCorrente,
+                                      ColoreLineaCorrente, ColoreZonaCorrente);
 }
 
 RecordAzione NuovaColorazione(float x, float y) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Colorazione;
-    a.ColLinea = ColoreLineaCorrente;
-    a.ColZona = ColoreZonaCorrente;
-    a.FlagPienoVuoto = FlagPieno;
-    a.XCentro = x;
-    a.YCentro = y;
-    return a;
+    return CostruttoriAzioni::Colorazione(x, y, ColoreZonaCorrente, FlagPieno, ColoreLineaCorrente);
 }
 
 void Sql(const QString& testo, const QVariantList& valori = {}) {
@@ -106,11 +82,8 @@ int Conta(const QString& testo) {
 }
 
 RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-    RecordAzione a = NuovaLinea();
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
+    RecordAzione a = CostruttoriAzioni::Linea(x1, y1, x2, y2, ColoreLineaCorrente);
+    a.ColZona = ColoreZonaCorrente;
     return a;
 }
 

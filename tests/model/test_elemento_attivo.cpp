@@ -56,13 +56,7 @@ RecordAzione Colorazione(float x, float y, int32_t flag) {
 }
 
 RecordAzione Testo(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-    RecordAzione a = Linea(x1, y1, x2, y2, Blu);
-    a.TipoAzione = TipiAzione::Testo;
-    a.NomeFont = QStringLiteral("Arial");
-    a.SizeFont = 24;
-    a.Corsivo = 2;
-    a.Grassetto = 2;
-    return a;
+    return CostruttoriAzioni::Testo(x1, y1, x2, y2, QString(), Blu, 24, 0, 1);
 }
 
 void Righe(const QStringList& righe) {

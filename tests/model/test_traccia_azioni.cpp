@@ -46,21 +46,7 @@ RecordAzione Colorazione(float x, float y, int32_t zona, int32_t flag = FlagPien
 }
 
 RecordAzione Testo(const QString& testo, int16_t interlinea) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Testo;
-    a.XInizio = 1500;
-    a.YInizio = 1500;
-    a.XFine = 9000;
-    a.YFine = 6000;
-    a.ColLinea = Blu;
-    a.InterlineaTesto = interlinea;
-    a.Testo = testo;
-    a.NomeFont = QStringLiteral("Arial");
-    a.SizeFont = 24;
-    a.Corsivo = 2;
-    a.Grassetto = 2;
-    a.SpessLinea = 1;
-    return a;
+    return CostruttoriAzioni::Testo(1500, 1500, 9000, 6000, testo, Blu, 24, interlinea, 1);
 }
 
 struct Quadro : TelaProva {

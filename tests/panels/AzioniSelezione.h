@@ -31,34 +31,10 @@ inline RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, i
 }
 
 inline RecordAzione Testo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, const QString& testo) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Testo;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = ColoreRosso;
-    a.Testo = testo;
-    a.NomeFont = QStringLiteral("Arial");
-    a.SizeFont = 12;
-    a.Corsivo = 2;
-    a.Grassetto = 2;
-    a.InterlineaTesto = 18;
-    return a;
+    return CostruttoriAzioni::Testo(x1, y1, x2, y2, testo, ColoreRosso, 12, 18);
 }
 
-inline RecordAzione Immagine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, const QString& file,
-                             int32_t colore) {
-    RecordAzione a;
-    a.TipoAzione = TipiAzione::Immagine;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = colore;
-    a.NomeFileImmagine = file;
-    return a;
-}
+using CostruttoriAzioni::Immagine;
 
 // The drawing in Azioni, and on the canvas as the drawing screen shows it.
 inline void Metti(const QList<RecordAzione>& azioni, Superficie& tela) {

@@ -3,6 +3,7 @@
 #include "model/RecordAzione.h"
 
 #include <QList>
+#include <QString>
 
 #include <cstdint>
 
@@ -14,12 +15,9 @@ inline RecordAzione Linea(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_
                           int32_t spessore = 1) {
     RecordAzione a;
     a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = x1;
-    a.YInizio = y1;
-    a.XFine = x2;
-    a.YFine = y2;
-    a.ColLinea = colore;
-    a.SpessLinea = spessore;
+    a.XInizio = x1, a.YInizio = y1;
+    a.XFine = x2, a.YFine = y2;
+    a.ColLinea = colore, a.SpessLinea = spessore;
     return a;
 }
 
@@ -28,23 +26,16 @@ inline RecordAzione Rettangolo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, i
                                int32_t linea = 0, int32_t zona = 0, int32_t spessore = 1) {
     RecordAzione a = Linea(x1, y1, x2, y2, linea, spessore);
     a.TipoAzione = TipiAzione::Rettangolo;
-    a.ColZona = zona;
-    a.FlagPienoVuoto = flag;
+    a.ColZona = zona, a.FlagPienoVuoto = flag;
     return a;
 }
 
 inline RecordAzione Ellisse(float xc, float yc, float rv, float ro, int32_t flag, int32_t linea = 0,
                             int32_t zona = 0, int32_t spessore = 1) {
-    RecordAzione a;
+    RecordAzione a = Rettangolo(0, 0, 0, 0, flag, linea, zona, spessore);
     a.TipoAzione = TipiAzione::Ellisse;
-    a.XCentro = xc;
-    a.YCentro = yc;
-    a.RaggioVert = rv;
-    a.RaggioOriz = ro;
-    a.ColLinea = linea;
-    a.ColZona = zona;
-    a.FlagPienoVuoto = flag;
-    a.SpessLinea = spessore;
+    a.XCentro = xc, a.YCentro = yc;
+    a.RaggioVert = rv, a.RaggioOriz = ro;
     return a;
 }
 
@@ -53,20 +44,35 @@ inline RecordAzione Arco(float xc, float yc, float rv, float ro, float inizio, f
                          int32_t linea = 0, int32_t zona = 0, int32_t spessore = 1) {
     RecordAzione a = Ellisse(xc, yc, rv, ro, FlagNonApplicabile, linea, zona, spessore);
     a.TipoAzione = TipiAzione::Arco;
-    a.RadIniz = inizio;
-    a.RadFine = fine;
+    a.RadIniz = inizio, a.RadFine = fine;
     return a;
 }
 
+// A fill has no pen: its width stays 0.
 inline RecordAzione Colorazione(float x, float y, int32_t zona, int32_t flag = FlagPieno,
                                 int32_t linea = 0) {
-    RecordAzione a;
+    RecordAzione a = Ellisse(x, y, 0, 0, flag, linea, zona, 0);
     a.TipoAzione = TipiAzione::Colorazione;
-    a.XCentro = x;
-    a.YCentro = y;
-    a.ColLinea = linea;
-    a.ColZona = zona;
-    a.FlagPienoVuoto = flag;
+    return a;
+}
+
+// Words in Arial, neither bold nor italic, in the box of a line.
+inline RecordAzione Testo(int32_t x1, int32_t y1, int32_t x2, int32_t y2, const QString& testo,
+                          int32_t colore, int32_t dimensione, int16_t interlinea = 0,
+                          int32_t spessore = 0) {
+    RecordAzione a = Linea(x1, y1, x2, y2, colore, spessore);
+    a.TipoAzione = TipiAzione::Testo;
+    a.Testo = testo, a.InterlineaTesto = interlinea;
+    a.NomeFont = QStringLiteral("Arial"), a.SizeFont = dimensione;
+    a.Corsivo = 2, a.Grassetto = 2;
+    return a;
+}
+
+inline RecordAzione Immagine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, const QString& file,
+                             int32_t colore) {
+    RecordAzione a = Linea(x1, y1, x2, y2, colore, 0);
+    a.TipoAzione = TipiAzione::Immagine;
+    a.NomeFileImmagine = file;
     return a;
 }
 
