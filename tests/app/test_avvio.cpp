@@ -12,6 +12,7 @@
 #include "printing/Stampe.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
@@ -160,23 +161,15 @@ bool NessunArchivioAperto() {
 
 } // namespace
 
-class ProvaAvvio : public QObject {
+class ProvaAvvio : public QObject, MondoProva {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        orologio = std::make_unique<OrologioVirtuale>();
-    }
+    void init() { PreparaPerLAvvio(); }
     void cleanup() {
         GuastoProvaScrittura = 0;
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
+        Libera();
     }
 
     void avvio_completo_legge_le_impostazioni_e_mostra_il_menu() {

@@ -7,6 +7,7 @@
 #include "input/QuadroMessaggi.h"
 #include "support/AmbienteProva.h"
 #include "support/Copione.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 
 #include <QtTest>
@@ -21,22 +22,14 @@ bool CopertinaVisibile() {
 }
 } // namespace
 
-class ProvaSchermoInadatto : public QObject {
+class ProvaSchermoInadatto : public QObject, MondoProva {
     Q_OBJECT
 
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
-
 private slots:
-    void init() {
-        amb = std::make_unique<AmbienteProva>();
-        orologio = std::make_unique<OrologioVirtuale>();
-    }
+    void init() { PreparaPerLAvvio(); }
     void cleanup() {
         DistruggiMenùGenerale();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        orologio.reset();
-        amb.reset();
+        Libera();
     }
 
     void annulla_all_avviso_chiude_prima_di_aprire_gli_archivi() {

@@ -66,11 +66,7 @@ class ProvaMenuGenerale : public QObject, MondoProva {
 
 private slots:
     void init() { Prepara(); }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        Libera();
-    }
+    void cleanup() { LiberaSchermi(); }
 
     void cinque_tasti_con_le_corone_ai_loro_posti() {
         MenuGenerale* m = Menu(4);

@@ -96,9 +96,7 @@ struct MondoDisegno : MondoProva {
     }
 
     void Libera() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
         a = nullptr;
-        MondoProva::Libera();
+        LiberaSchermi();
     }
 };

@@ -39,14 +39,7 @@ int RigheCopia(int32_t codice) {
 class ProvaAmbienteDisegno : public QObject, MondoProva {
     Q_OBJECT
 
-    AmbienteDisegno* Apri(int16_t modo) {
-        ModalitàFunzionamento = modo;
-        CodiceCartellaAttiva = 1;
-        NomeCartellaAttiva = QStringLiteral("·Disegni Generale");
-        AmbienteDisegno* a = CaricaAmbienteDisegno();
-        QCoreApplication::processEvents();
-        return a;
-    }
+    static AmbienteDisegno* Apri(int16_t modo) { return GuidaDisegno::Apri(modo); }
     static AmbienteDisegno* A() { return AmbienteDisegnoAperto(); }
 
     // The line fixed at the end of every road: its end moved three steps right.
@@ -94,11 +87,7 @@ class ProvaAmbienteDisegno : public QObject, MondoProva {
 
 private slots:
     void init() { Prepara(); }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        Libera();
-    }
+    void cleanup() { LiberaSchermi(); }
 
     void all_apertura_il_titolo_nomina_la_cartella_e_il_comando() {
         AmbienteDisegno* a = Apri(4);

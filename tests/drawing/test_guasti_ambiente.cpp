@@ -103,11 +103,7 @@ private slots:
         mancato = false;
         Prepara();
     }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        Libera();
-    }
+    void cleanup() { LiberaSchermi(); }
 
     void annulla_su_un_elemento_aperto_ridisegna_a_penna_piena() {
         Apri(4);

@@ -80,11 +80,7 @@ class ProvaOggetti : public QObject, MondoProva {
 
 private slots:
     void init() { Prepara(); }
-    void cleanup() {
-        DistruggiAmbienteDisegno();
-        DistruggiMenùGenerale();
-        Libera();
-    }
+    void cleanup() { LiberaSchermi(); }
 
     void scenario_in_modo_4() {
         Apri(4);

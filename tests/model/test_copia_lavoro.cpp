@@ -35,9 +35,7 @@ const QString CR(QChar(u'\r'));
 struct Quadro : TelaProva {
     Quadro() {
         // As an open element leaves the canvas: dotted, thin, transparent.
-        S.DrawStyle = 2;
-        S.DrawWidth = 1;
-        S.FillStyle = 1;
+        Penna(2);
     }
 };
 

@@ -26,9 +26,7 @@ const QString CR(QChar(u'\r'));
 struct Quadro : TelaProva {
     Quadro() {
         // As a command opens an element: solid here, so that probes land on ink.
-        S.DrawStyle = 0;
-        S.DrawWidth = 1;
-        S.FillStyle = 1;
+        Penna(0);
     }
     bool BitmapPulita() const {
         return ContaColore(S.Immagine(), Sfondo) == S.Immagine().width() * S.Immagine().height();

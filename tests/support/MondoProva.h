@@ -1,6 +1,8 @@
 #pragma once
 
+#include "app/MenuGenerale.h"
 #include "base/Configurazione.h"
+#include "drawing/AmbienteDisegno.h"
 #include "support/AmbienteProva.h"
 #include "support/OrologioVirtuale.h"
 
@@ -25,11 +27,23 @@ struct MondoProva {
         amb = std::make_unique<AmbienteProva>(false);
         Orologio();
     }
+    // The folder installed and the clock, and nothing else: for the tests
+    // of the start, which opens the archives and reads the dwell itself.
+    void PreparaPerLAvvio() {
+        amb = std::make_unique<AmbienteProva>();
+        orologio = std::make_unique<OrologioVirtuale>();
+    }
     // The forms a test closed are deleted before the clock and the folder go.
     void Libera() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         orologio.reset();
         amb.reset();
+    }
+    // The drawing screen and the main menu unloaded first.
+    void LiberaSchermi() {
+        DistruggiAmbienteDisegno();
+        DistruggiMenùGenerale();
+        Libera();
     }
 
 private:
