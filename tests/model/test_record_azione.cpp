@@ -100,9 +100,9 @@ void TestRecordAzione::liste_hanno_elemento_zero_inutilizzato_e_conteggio_zero()
         QCOMPARE(lista->size(), 1);
     QCOMPARE(NumeroAzioni, 0);
     QCOMPARE(NumeroElementiAttivi, int16_t(0));
-    static_assert(std::is_same_v<decltype(NumeroAzioni), int32_t>);
-    static_assert(std::is_same_v<decltype(NumeroElementiAttivi), int16_t>);
-    static_assert(std::is_same_v<decltype(IndiceElementoInModifica), int16_t>);
+    static_assert(std::is_same_v<std::remove_cvref_t<decltype(NumeroAzioni)>, int32_t>);
+    static_assert(std::is_same_v<std::remove_cvref_t<decltype(NumeroElementiAttivi)>, int16_t>);
+    static_assert(std::is_same_v<std::remove_cvref_t<decltype(IndiceElementoInModifica)>, int16_t>);
     QCOMPARE(IndiceElementoInModifica, int16_t(0));
 }
 
