@@ -61,10 +61,7 @@ class ProvaAmbienteDisegno : public QObject, MondoProva {
         const QImage& bitmap = A()->Quadro.Immagine();
         const int x = static_cast<int>((5572 + 8722) / 2 / 15.0);
         const int y = static_cast<int>((3500 + 6500) / 2 / 15.0);
-        bool nero = false;
-        for (int dx = -2; dx <= 2; ++dx)
-            for (int dy = -2; dy <= 2; ++dy)
-                nero = nero || (bitmap.pixel(x + dx, y + dy) & 0xFFFFFF) == 0;
+        const bool nero = NeroVicino(bitmap, x, y);
         QVERIFY(nero);
         QCOMPARE(bitmap.pixel(20, 20) & 0xFFFFFFu, 0xC0C0C0u);
         QCOMPARE(A()->Motore.TastoCorrente, int16_t(117));
@@ -79,10 +76,7 @@ class ProvaAmbienteDisegno : public QObject, MondoProva {
     }
     // Is any pixel round this point of the picture black?
     static bool NeroVicino(const QImage& img, int x, int y) {
-        for (int dx = -2; dx <= 2; ++dx)
-            for (int dy = -2; dy <= 2; ++dy)
-                if (SondePixel::Colore(img, x + dx, y + dy) == 0) return true;
-        return false;
+        return SondePixel::Intorno(img, x, y, 2, SondePixel::Nero);
     }
 
 private slots:

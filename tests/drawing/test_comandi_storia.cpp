@@ -38,16 +38,11 @@ const QPoint SullaLinea(6572, 4500);
 const QPoint SoloNellEllisse(8822, 5000);
 
 int32_t ColoreA(const QImage& img, QPoint twips) {
-    return SondePixel::Colore(img, SondePixel::Px(twips.x()), SondePixel::Px(twips.y()));
+    return SondePixel::ColoreA(img, twips.x(), twips.y());
 }
 
 bool NeroVicino(const QImage& img, QPoint twips) {
-    for (int dx = -1; dx <= 1; ++dx)
-        for (int dy = -1; dy <= 1; ++dy)
-            if (SondePixel::Colore(img, SondePixel::Px(twips.x()) + dx,
-                                   SondePixel::Px(twips.y()) + dy) == 0)
-                return true;
-    return false;
+    return SondePixel::Vicino(img, twips.x(), twips.y(), SondePixel::Nero);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "panels/ProvaPannello.h"
 #include "panels/QuadroMostraLista.h"
 #include "support/AmbienteProva.h"
+#include "support/MondoProva.h"
 #include "support/OrologioVirtuale.h"
 #include "support/Sonde.h"
 
@@ -19,26 +20,18 @@
 
 #include <memory>
 
-class ProvaListaScambiVuota : public QObject {
+class ProvaListaScambiVuota : public QObject, MondoProva {
     Q_OBJECT
-
-    std::unique_ptr<AmbienteProva> amb;
-    std::unique_ptr<OrologioVirtuale> orologio;
 
     bool Apri(Copione& c) { return ApriLista(c); }
 
 private slots:
     void init() {
-        amb = std::make_unique<AmbienteProva>();
-        amb->ApriArchivi();
-        orologio = std::make_unique<OrologioVirtuale>();
+        Prepara();
         ModalitàFunzionamento = 4;
         TipoLista = GenereLista::Scambi;
     }
-    void cleanup() {
-        orologio.reset();
-        amb.reset();
-    }
+    void cleanup() { Libera(); }
 
     void vuota_lo_dice_e_la_riga_non_si_sceglie() {
         QString prima, seconda, detta;

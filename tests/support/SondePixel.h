@@ -43,13 +43,18 @@ inline int32_t ColoreA(const QImage& img, double xTwips, double yTwips) {
     return Colore(img, Px(xTwips), Px(yTwips));
 }
 
+// Does a pixel within `raggio` pixels of (x, y), across or along, have the colour?
+inline bool Intorno(const QImage& img, int x, int y, int raggio, int32_t colore) {
+    for (int dy = -raggio; dy <= raggio; ++dy)
+        for (int dx = -raggio; dx <= raggio; ++dx)
+            if (Colore(img, x + dx, y + dy) == colore) return true;
+    return false;
+}
+
 // Does the pixel of a point in twips, or one of its eight neighbours, have the
 // colour? A curve's pixels lie within one pixel of the exact point.
 inline bool Vicino(const QImage& img, double xTwips, double yTwips, int32_t colore) {
-    for (int dy = -1; dy <= 1; ++dy)
-        for (int dx = -1; dx <= 1; ++dx)
-            if (Colore(img, Px(xTwips) + dx, Px(yTwips) + dy) == colore) return true;
-    return false;
+    return Intorno(img, Px(xTwips), Px(yTwips), 1, colore);
 }
 
 // How many pixels of the picture have the colour.
