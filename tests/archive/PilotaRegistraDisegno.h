@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/RecordAzione.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QList>
 #include <QString>
@@ -49,22 +50,12 @@ inline int32_t Colore(int32_t versione) {
 // Action 1 fills the whole canvas with the version's colour; the others are
 // short lines along the bottom edge, away from the probed pixel.
 inline RecordAzione Azione(int32_t versione, int32_t i) {
-    RecordAzione a;
-    a.ColLinea = Colore(versione);
+    if (i == 1)
+        return CostruttoriAzioni::Rettangolo(0, 0, LarghezzaQuadroDisegno, AltezzaQuadroDisegno,
+                                             FlagPieno, Colore(versione), versione);
+    const int32_t x = 14 * (i % 1000);
+    RecordAzione a = CostruttoriAzioni::Linea(x, 9500, x + 10, 9600, Colore(versione));
     a.ColZona = versione;
-    a.SpessLinea = 1;
-    if (i == 1) {
-        a.TipoAzione = TipiAzione::Rettangolo;
-        a.XFine = LarghezzaQuadroDisegno;
-        a.YFine = AltezzaQuadroDisegno;
-        a.FlagPienoVuoto = FlagPieno;
-        return a;
-    }
-    a.TipoAzione = TipiAzione::Linea;
-    a.XInizio = 14 * (i % 1000);
-    a.YInizio = 9500;
-    a.XFine = a.XInizio + 10;
-    a.YFine = 9600;
     return a;
 }
 

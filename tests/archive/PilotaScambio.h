@@ -4,6 +4,7 @@
 // by generation: every generation has a colour of its own, carried by the
 // drawing's line and by its picture, so that a file shows which one it is.
 #include "model/RecordAzione.h"
+#include "support/CostruttoriAzioni.h"
 
 #include <QColor>
 #include <QList>
@@ -28,10 +29,8 @@ inline QColor ColoreQt(int32_t colore) {
 
 // A line of the generation's colour, and its picture.
 inline QList<RecordAzione> Lista(int32_t generazione, const QString& figura) {
-    RecordAzione linea;
-    linea.TipoAzione = TipiAzione::Linea;
-    linea.XInizio = 1500, linea.YInizio = 1500, linea.XFine = 9000, linea.YFine = 1500;
-    linea.ColLinea = Colore(generazione), linea.SpessLinea = 3;
+    const RecordAzione linea =
+        CostruttoriAzioni::Linea(1500, 1500, 9000, 1500, Colore(generazione), 3);
     RecordAzione immagine;
     immagine.TipoAzione = TipiAzione::Immagine;
     immagine.XInizio = 3000, immagine.YInizio = 3000, immagine.XFine = 6000;
