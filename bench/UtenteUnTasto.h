@@ -9,8 +9,7 @@
 #include <QEventLoop>
 #include <QString>
 
-#include <cstdio>
-#include <cstdlib>
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
