@@ -75,6 +75,20 @@ PaginaSensori::PaginaSensori(QWidget* genitore) : QWidget(genitore) {
     ScrittaServizioVoce = ScrittaModulo(voce, QString(), QRect(300, 1650, 13800, 450), 10, false);
     ScrittaServizioVoce->setObjectName(QStringLiteral("ScrittaServizioVoce"));
 
+    auto* ripresa =
+        QuadroModulo(this, QStringLiteral("DOPO  UNA  SCELTA"), QRect(405, 6800, 14445, 1600));
+    const char* const riprese[2] = {
+        "L'anello resta sul tasto scelto",
+        "L'anello riparte dal tasto che di solito segue: la «A», i comandi"
+        " della figura aperta, le figure dopo «Fissa»"};
+    for (int i = 0; i < 2; ++i) {
+        OpzioneRipresa[i] = OpzioneModulo(ripresa, QString::fromUtf8(riprese[i]),
+                                          QRect(300, 450 + i * 550, 13800, 450));
+        const int16_t valore = int16_t(i);
+        connect(OpzioneRipresa[i], &QRadioButton::clicked, this,
+                [this, valore] { Cambia([&] { Ripresa = valore; }); });
+    }
+
     for (QSpinBox* numero : {ImmiAccettazione, ImmiIgnora, ImmiGiri})
         connect(numero, &QSpinBox::valueChanged, this, [this] {
             Cambia([&] {
@@ -106,6 +120,7 @@ void PaginaSensori::Carica() {
     Giri = GiriPrimaDelRiposo;
     Parlata = ScansioneParlata;
     AttendiFine = AttendiVoce;
+    Ripresa = RipresaSuccessiva;
     ImmiAccettazione->setValue(Accettazione);
     ImmiIgnora->setValue(Ignora);
     ImmiGiri->setValue(Giri);
@@ -121,12 +136,14 @@ void PaginaSensori::Applica() const {
     GiriPrimaDelRiposo = Giri;
     ScansioneParlata = Parlata;
     AttendiVoce = AttendiFine;
+    RipresaSuccessiva = Ripresa;
 }
 
 void PaginaSensori::Colora() {
     ColoraGruppo(OpzionePrimaAttesa, 3, Attesa - 1);
     ColoraGruppo(OpzioneVoce, 2, Parlata);
     ColoraGruppo(OpzioneAttendiVoce, 2, AttendiFine);
+    ColoraGruppo(OpzioneRipresa, 2, Ripresa);
 }
 
 void PaginaSensori::MostraServizio() {

@@ -9,9 +9,9 @@ class QLabel;
 class QRadioButton;
 class QSpinBox;
 
-// The configuration form's second page: the timings for real switches and the
-// spoken scanning. It holds working copies; the form stores them at Registra
-// together with the five settings.
+// The configuration form's second page: the timings for real switches, the
+// spoken scanning and where the ring starts again after a choice. It holds working copies; the form
+// stores them at Registra together with the five settings.
 class PaginaSensori : public QWidget {
 public:
     explicit PaginaSensori(QWidget* genitore);
@@ -24,6 +24,7 @@ public:
     int16_t Giri = 0;
     int16_t Parlata = 0;
     int16_t AttendiFine = 0;
+    int16_t Ripresa = 0;
 
     QSpinBox* ImmiAccettazione = nullptr;
     QSpinBox* ImmiIgnora = nullptr;
@@ -31,6 +32,7 @@ public:
     QSpinBox* ImmiGiri = nullptr;
     QRadioButton* OpzioneVoce[2] = {};
     QRadioButton* OpzioneAttendiVoce[2] = {};
+    QRadioButton* OpzioneRipresa[2] = {};
     QLabel* ScrittaServizioVoce = nullptr;
 
     // Called on every change made by the user.

@@ -12,6 +12,7 @@ inline constexpr int16_t TastoScelta = 1;              // Enter chooses
 inline constexpr int16_t TastoScansione = 2;           // Space scans
 inline constexpr int16_t TipoInversioneScansione = 1;  // immediate
 inline constexpr int32_t TempoLatenzaScansione = 1000; // one second
+inline constexpr int16_t RipresaSuccessiva = 0;        // the ring stays on the choice
 } // namespace ImpostazioniIniziali
 
 // The information text as the program carries it, for a data folder without one.

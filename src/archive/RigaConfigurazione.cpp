@@ -62,6 +62,10 @@ void LeggiConfigurazione() {
     GiriPrimaDelRiposo = int16_t(opzione("GiriPrimaDelRiposo", 0, 20));
     ScansioneParlata = int16_t(opzione("ScansioneParlata", 0, 1));
     AttendiVoce = int16_t(opzione("AttendiVoce", 0, 1));
+    RipresaSuccessiva =
+        q.record().indexOf(QStringLiteral("RipresaSuccessiva")) < 0
+            ? I::RipresaSuccessiva
+            : Impostazione<int16_t>(q, "RipresaSuccessiva", 0, 1, I::RipresaSuccessiva);
     // Anything but a name is no choice, and neither is an archive not yet
     // brought up: the system's printer stands.
     const int stampante = q.record().indexOf(QStringLiteral("StampanteScelta"));
@@ -78,7 +82,8 @@ void RegistraConfigurazione() {
                                          " LarghezzaAnello = ?, AltoContrasto = ?,"
                                          " TempoAccettazione = ?, TempoIgnoraDopoScelta = ?,"
                                          " PrimaAttesa = ?, GiriPrimaDelRiposo = ?,"
-                                         " ScansioneParlata = ?, AttendiVoce = ?"));
+                                         " ScansioneParlata = ?, AttendiVoce = ?,"
+                                         " RipresaSuccessiva = ?"));
     q.addBindValue(ModalitàFunzionamento);
     q.addBindValue(TastoScelta);
     q.addBindValue(TastoScansione);
@@ -92,6 +97,7 @@ void RegistraConfigurazione() {
     q.addBindValue(GiriPrimaDelRiposo);
     q.addBindValue(ScansioneParlata);
     q.addBindValue(AttendiVoce);
+    q.addBindValue(RipresaSuccessiva);
     Esegui(q);
     if (q.numRowsAffected() < 1) throw ErroreNessunRecord();
     // A new dwell counts on the wait in progress.

@@ -70,6 +70,7 @@ void AggiornaSchemaConfigurazione(QSqlDatabase& db) {
     // Version 1: the printer chosen on the printer list, empty for the system's own.
     // Version 2: the ring's width and the high-contrast scheme, as defined.
     // Version 3: the timings for real switches and spoken scanning, all off.
+    // Version 4: the ring's restart where the user most likely goes next, off.
     const QStringList nuove = {
         QStringLiteral("StampanteScelta TEXT NOT NULL DEFAULT ''"),
         QStringLiteral("LarghezzaAnello SMALLINT NOT NULL DEFAULT 1"),
@@ -80,6 +81,7 @@ void AggiornaSchemaConfigurazione(QSqlDatabase& db) {
         QStringLiteral("GiriPrimaDelRiposo SMALLINT NOT NULL DEFAULT 0"),
         QStringLiteral("ScansioneParlata SMALLINT NOT NULL DEFAULT 0"),
         QStringLiteral("AttendiVoce SMALLINT NOT NULL DEFAULT 0"),
+        QStringLiteral("RipresaSuccessiva SMALLINT NOT NULL DEFAULT 0"),
     };
     QStringList mancanti;
     for (const QString& nuova : nuove)

@@ -10,7 +10,7 @@ void CreaSchemaDisegni(QSqlDatabase& db);
 void CreaSchemaOggetti(QSqlDatabase& db);
 
 // The configuration archive's own version, in SQLite's user_version.
-inline constexpr int VersioneConfigurazione = 3;
+inline constexpr int VersioneConfigurazione = 4;
 // Brings a configuration archive of an earlier version up to this one, all in
 // one savepoint: an archive is either wholly brought up or left as it was. An
 // archive already up to date is not written at all.

@@ -30,6 +30,9 @@ struct StatoConfigurazione {
     // whether the ring waits on an item until its name has been spoken.
     int16_t ScansioneParlata = 0;
     int16_t AttendiVoce = 0;
+    // After a choice the ring starts again where the user most likely goes next
+    // (0 off: it stays on what was chosen, as defined; 1 on).
+    int16_t RipresaSuccessiva = 0;
     // The printer chosen on the printer list, kept in the same row so that it holds
     // from one run to the next; empty for the system's own.
     QString StampanteScelta;
@@ -50,6 +53,7 @@ inline int16_t& PrimaAttesa = DatiConfigurazione.PrimaAttesa;
 inline int16_t& GiriPrimaDelRiposo = DatiConfigurazione.GiriPrimaDelRiposo;
 inline int16_t& ScansioneParlata = DatiConfigurazione.ScansioneParlata;
 inline int16_t& AttendiVoce = DatiConfigurazione.AttendiVoce;
+inline int16_t& RipresaSuccessiva = DatiConfigurazione.RipresaSuccessiva;
 inline QString& StampanteScelta = DatiConfigurazione.StampanteScelta;
 
 // Who must know at once of a new dwell: the scanning engine registers itself

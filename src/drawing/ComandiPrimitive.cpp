@@ -6,6 +6,7 @@
 #include "base/GestioneErrori.h"
 #include "drawing/AmbienteDisegno.h"
 #include "drawing/CodiciComando.h"
+#include "drawing/OrdineDisegno.h"
 #include "input/QuadroMessaggi.h"
 #include "model/ElementoAttivo.h"
 #include "model/RecordAzione.h"
@@ -90,6 +91,10 @@ void ComandiPrimitive::ApriPrimitiva(int16_t indice) {
     TracciaElementoAttivo(q);
     a_.ImpostaColoreCorona(indice, ColoriCorona::Blu);
     a_.TastoMarcato = indice;
+    if (const int16_t seguente = TastoDopoLaScelta(indice); seguente != indice) {
+        a_.Motore.TastoCorrente = seguente;
+        a_.AggiornaCorone();
+    }
     a_.Riprendi();
 }
 
@@ -174,7 +179,7 @@ void ComandiPrimitive::Fissa() {
         // after it: the canvas shows it there, as every later replay will.
         if (ripreso) a_.RidisegnoCompleto();
         RegistraCopiaLavoro();
-        a_.Motore.TastoCorrente = TastoDisegno::Fissa;
+        a_.Motore.TastoCorrente = TastoDopoLaScelta(TastoDisegno::Fissa);
         a_.AggiornaCorone();
         q.Refresh();
         // An object open beside the element is stored too, after it.
@@ -190,7 +195,7 @@ void ComandiPrimitive::Fissa() {
         a_.RidisegnoCompleto();
         OggettoAttivo = 0;
         RegistraCopiaLavoro();
-        a_.Motore.TastoCorrente = TastoDisegno::Fissa;
+        a_.Motore.TastoCorrente = TastoDopoLaScelta(TastoDisegno::Fissa);
         a_.AggiornaCorone();
         a_.Riprendi();
     }

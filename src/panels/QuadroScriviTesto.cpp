@@ -89,6 +89,14 @@ int CodiceCarattere(int tastoQt, const QString& testo) {
     return c < 256 ? c : 0;
 }
 
+// After a letter or a blank the next key is most likely a letter: with the
+// restart on, the ring starts again on "A" instead of walking on from here.
+void TornaAllaPrima(QuadroScriviTesto& quadro) {
+    if (RipresaSuccessiva != 1 || ModalitàFunzionamento == 4) return;
+    quadro.Motore.TastoCorrente = 101;
+    quadro.AggiornaCorone();
+}
+
 } // namespace
 
 QuadroScriviTesto::QuadroScriviTesto(QWidget* genitore) : FormScansione(101, 170, genitore) {
@@ -300,6 +308,7 @@ void QuadroScriviTesto::ClickLettera(int16_t indice) {
     case 135:
         if (OltreIlMassimo(QStringLiteral(" "))) return;
         testo_.Inserisci(QStringLiteral(" "));
+        TornaAllaPrima(*this);
         break;
     case 136:
         if (OltreIlMassimo(QString(TestoConCursore::Cr))) return;
@@ -325,6 +334,7 @@ void QuadroScriviTesto::ClickLettera(int16_t indice) {
             MaiuscoleMinuscole == 1 ? tasto->text().toUpper() : tasto->text().toLower();
         if (OltreIlMassimo(lettera)) return;
         testo_.Inserisci(lettera);
+        TornaAllaPrima(*this);
         break;
     }
     }
