@@ -355,7 +355,8 @@ void Riporta(const char* nome, int pressioni, double secondi) {
 int main(int argc, char* argv[]) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    const std::vector<Scansione> scansioni = {{"definita", [] {}}};
+    const std::vector<Scansione> scansioni = {{"definita", [] {}},
+                                              {"ripresa", [] { RipresaSuccessiva = 1; }}};
     for (const Scansione& s : scansioni)
         for (const int64_t reazione : {0, 400}) {
             const Casa casa = LaCasa(s, reazione);
