@@ -39,7 +39,21 @@ struct Quadro : TelaProva {
     }
 };
 
-// The records a command opens, by Part of the drawing screen's table.
+// A text at (1500, 1500) in Arial, as the keyboard leaves it before Fissa.
+RecordAzione TestoArial(int32_t colore, int32_t size, int32_t corsivo, int32_t grassetto) {
+    RecordAzione t;
+    t.TipoAzione = TipiAzione::Testo;
+    t.XInizio = 1500;
+    t.YInizio = 1500;
+    t.ColLinea = colore;
+    t.NomeFont = QStringLiteral("Arial");
+    t.SizeFont = size;
+    t.Corsivo = corsivo;
+    t.Grassetto = grassetto;
+    return t;
+}
+
+// The records a command opens, as the drawing screen's table gives them.
 RecordAzione NuovaLinea() {
     RecordAzione a =
         CostruttoriAzioni::Linea(Predefiniti::XInizio, Predefiniti::YInizio, Predefiniti::XFine,
@@ -221,15 +235,7 @@ private slots:
         RigheScritte = {QString(), QStringLiteral("Una casa") + CR,
                         QStringLiteral("col tetto") + CR, QStringLiteral("rosso")};
         NumeroRigheScritte = 3;
-        RecordAzione t;
-        t.TipoAzione = TipiAzione::Testo;
-        t.XInizio = 1500;
-        t.YInizio = 1500;
-        t.ColLinea = Blu;
-        t.NomeFont = QStringLiteral("Arial");
-        t.SizeFont = 24;
-        t.Corsivo = 1;
-        t.Grassetto = 2;
+        RecordAzione t = TestoArial(Blu, 24, 1, 2);
         t.InterlineaTesto = 18;
         t.Testo = QStringLiteral("altro testo");
         ElementoInCostruzione = t;
@@ -256,15 +262,7 @@ private slots:
         ColoreLineaCorrente = Rosso;
         RigheScritte = {QString(), QStringLiteral("nero")};
         NumeroRigheScritte = 1;
-        RecordAzione t;
-        t.TipoAzione = TipiAzione::Testo;
-        t.XInizio = 1500;
-        t.YInizio = 1500;
-        t.ColLinea = Nero;
-        t.NomeFont = QStringLiteral("Arial");
-        t.SizeFont = 36;
-        t.Corsivo = 2;
-        t.Grassetto = 1;
+        RecordAzione t = TestoArial(Nero, 36, 2, 1);
         ElementoInCostruzione = t;
         FissaElemento(q.S);
         QCOMPARE(ElementoInCostruzione.ColLinea, Nero);
